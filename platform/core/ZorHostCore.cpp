@@ -1,0 +1,160 @@
+#include "ZorHostCore.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QStandardPaths>
+
+#include <vector>
+
+namespace ZorHostCore {
+namespace {
+
+struct Fault {
+    int result = 0;
+    int remaining = 0; // -1: until cleared
+};
+
+struct Reset {
+    QString simulator;
+    std::function<void()> dropCachedState;
+};
+
+struct State {
+    QMutex mutex;
+    QString root;
+    QHash<QString, Fault> faults;
+    QHash<QString, int> calls;
+    std::vector<Reset> resets;
+};
+
+State& state()
+{
+    static State* s = new State; // lives for the process: simulators may still call in at exit
+    return *s;
+}
+
+QString defaultRoot()
+{
+    const QByteArray env = qgetenv("ZORHOST_ROOT");
+    if (!env.isEmpty())
+        return QString::fromLocal8Bit(env);
+    const QByteArray xdg = qgetenv("XDG_DATA_HOME");
+    if (!xdg.isEmpty())
+        return QString::fromLocal8Bit(xdg) + QStringLiteral("/zorhost");
+    return QDir::homePath() + QStringLiteral("/.local/share/zorhost");
+}
+
+// Folders of the root that the host platform owns; a reset removes these and nothing else, so a root
+// pointed at a folder that holds other files never loses them.
+const char* const kDeviceDir = "device";
+const char* const kStateDir = "state";
+
+} // namespace
+
+QString root()
+{
+    QString dir;
+    {
+        QMutexLocker lock(&state().mutex);
+        if (state().root.isEmpty())
+            state().root = QDir::cleanPath(QDir::current().absoluteFilePath(defaultRoot()));
+        dir = state().root;
+    }
+    QDir().mkpath(dir);
+    return dir;
+}
+
+void setRoot(const QString& dir)
+{
+    QMutexLocker lock(&state().mutex);
+    state().root = dir.isEmpty() ? QString() : QDir::cleanPath(QDir::current().absoluteFilePath(dir));
+}
+
+QString devicePath(const QString& absoluteDevicePath)
+{
+    // Clean against a virtual root so that no ".." reaches above the device tree.
+    QString clean = QDir::cleanPath(QStringLiteral("/") + absoluteDevicePath);
+    while (clean.startsWith(QStringLiteral("/..")))
+        clean = QDir::cleanPath(clean.mid(3).prepend(QLatin1Char('/')));
+    const QString hostPath = root() + QLatin1Char('/') + QLatin1String(kDeviceDir) + clean;
+    QDir().mkpath(QFileInfo(hostPath).absolutePath());
+    return hostPath;
+}
+
+bool enter(const char* operation, int* faultResult)
+{
+    const QString op = QString::fromLatin1(operation);
+    QMutexLocker lock(&state().mutex);
+    ++state().calls[op];
+    auto it = state().faults.find(op);
+    if (it == state().faults.end())
+        return false;
+    if (faultResult)
+        *faultResult = it->result;
+    if (it->remaining > 0 && --it->remaining == 0)
+        state().faults.erase(it);
+    return true;
+}
+
+void injectFault(const QString& operation, int result, int times)
+{
+    QMutexLocker lock(&state().mutex);
+    if (times == 0 || times < -1) {
+        state().faults.remove(operation);
+        return;
+    }
+    state().faults.insert(operation, Fault{result, times});
+}
+
+void clearFaults()
+{
+    QMutexLocker lock(&state().mutex);
+    state().faults.clear();
+}
+
+int callCount(const QString& operation)
+{
+    QMutexLocker lock(&state().mutex);
+    return state().calls.value(operation, 0);
+}
+
+void resetCallCounts()
+{
+    QMutexLocker lock(&state().mutex);
+    state().calls.clear();
+}
+
+void registerReset(const char* simulator, std::function<void()> dropCachedState)
+{
+    QMutexLocker lock(&state().mutex);
+    state().resets.push_back(Reset{QString::fromLatin1(simulator), std::move(dropCachedState)});
+}
+
+QString stateDir(const QString& simulator)
+{
+    const QString dir = root() + QLatin1Char('/') + QLatin1String(kStateDir) + QLatin1Char('/') + simulator;
+    QDir().mkpath(dir);
+    return dir;
+}
+
+void resetAll()
+{
+    const QString base = root();
+    QDir(base + QLatin1Char('/') + QLatin1String(kStateDir)).removeRecursively();
+    QDir(base + QLatin1Char('/') + QLatin1String(kDeviceDir)).removeRecursively();
+    std::vector<Reset> resets;
+    {
+        QMutexLocker lock(&state().mutex);
+        state().faults.clear();
+        state().calls.clear();
+        resets = state().resets;
+    }
+    for (const Reset& r : resets)
+        if (r.dropCachedState)
+            r.dropCachedState();
+}
+
+} // namespace ZorHostCore

@@ -1,0 +1,8 @@
+#include "foundation/DevicePath.h"
+
+#include "ZorHostCore.h"
+
+QString msgctrDevicePath(const char* absoluteDevicePath)
+{
+    return ZorHostCore::devicePath(QString::fromLatin1(absoluteDevicePath));
+}

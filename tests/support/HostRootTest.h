@@ -1,0 +1,26 @@
+// Base fixture of every test: a fresh host-platform root of its own in the build tree, in factory state,
+// and the report lines captured through the print callback.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+class HostRootTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // The root folder of this test.
+    QString root() const;
+    // The report lines written since the test began (or since the last takeReportLines()).
+    QStringList reportLines() const;
+    QStringList takeReportLines();
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
