@@ -1,26 +1,36 @@
 #include "Command.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace msgctr {
 
 namespace {
-std::vector<const Family*>& registry()
+std::vector<Family>& registry()
 {
-    static std::vector<const Family*> families;
+    static std::vector<Family> families;
     return families;
 }
 } // namespace
 
-Family::Family(const QString& name, const QString& summary, std::vector<Verb> verbs)
-    : m_name(name), m_summary(summary), m_verbs(std::move(verbs))
+FamilyRegistration::FamilyRegistration(const QString& name, const QString& summary, std::vector<Verb> verbs)
 {
-    registry().push_back(this);
+    for (Family& f : registry()) {
+        if (f.name == name) {
+            if (f.summary.isEmpty())
+                f.summary = summary;
+            f.verbs.insert(f.verbs.end(), verbs.begin(), verbs.end());
+            return;
+        }
+    }
+    registry().push_back(Family{name, summary, std::move(verbs)});
 }
 
-const std::vector<const Family*>& Family::all()
+std::vector<Family> allFamilies()
 {
-    return registry();
+    std::vector<Family> families = registry();
+    std::sort(families.begin(), families.end(), [](const Family& a, const Family& b) { return a.name < b.name; });
+    return families;
 }
 
 void out(const QString& line)

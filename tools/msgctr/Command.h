@@ -19,21 +19,23 @@ struct Verb {
     std::function<int(const QStringList& args)> run;
 };
 
-class Family {
-public:
-    Family(const QString& name, const QString& summary, std::vector<Verb> verbs);
-
-    const QString& name() const { return m_name; }
-    const QString& summary() const { return m_summary; }
-    const std::vector<Verb>& verbs() const { return m_verbs; }
-
-    static const std::vector<const Family*>& all();
-
-private:
-    QString m_name;
-    QString m_summary;
-    std::vector<Verb> m_verbs;
+// A family of verbs. Several files may register verbs under one family name (the text family gathers
+// string, segment and time verbs); they are merged in registration order.
+struct Family {
+    QString name;
+    QString summary;
+    std::vector<Verb> verbs;
 };
+
+// Registers verbs at static-initialisation time: `const FamilyRegistration reg(name, summary, {...});`.
+// The first non-empty summary of a family is the one shown.
+class FamilyRegistration {
+public:
+    FamilyRegistration(const QString& name, const QString& summary, std::vector<Verb> verbs);
+};
+
+// Every family, sorted by name.
+std::vector<Family> allFamilies();
 
 // Output helpers: results to stdout, errors to stderr. Both return the exit status to hand back.
 void out(const QString& line);

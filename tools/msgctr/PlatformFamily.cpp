@@ -23,7 +23,7 @@ int reset(const QStringList& args)
     return ExitOk;
 }
 
-const Family family(QStringLiteral("platform"), QStringLiteral("the host platform the library runs on"),
+const FamilyRegistration registration(QStringLiteral("platform"), QStringLiteral("the host platform the library runs on"),
                     {
                         {QStringLiteral("root"), QString(), QStringLiteral("print the folder the host platform keeps its files in"), root},
                         {QStringLiteral("reset"), QString(), QStringLiteral("put every simulator back to its factory state"), reset},

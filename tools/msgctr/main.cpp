@@ -21,26 +21,23 @@ void printTopHelp()
     out(QStringLiteral("               else $XDG_DATA_HOME/zorhost, else ~/.local/share/zorhost)"));
     out(QString());
     out(QStringLiteral("families:"));
-    std::vector<const Family*> families = Family::all();
-    std::sort(families.begin(), families.end(),
-              [](const Family* a, const Family* b) { return a->name() < b->name(); });
-    for (const Family* f : families)
-        out(QStringLiteral("  %1 %2").arg(f->name(), -10).arg(f->summary()));
+    for (const Family& f : allFamilies())
+        out(QStringLiteral("  %1 %2").arg(f.name, -10).arg(f.summary));
 }
 
 void printFamilyHelp(const Family& family)
 {
-    out(QStringLiteral("usage: msgctr %1 <verb> [args...]").arg(family.name()));
-    out(family.summary());
+    out(QStringLiteral("usage: msgctr %1 <verb> [args...]").arg(family.name));
+    out(family.summary);
     out(QString());
     out(QStringLiteral("verbs:"));
-    for (const Verb& v : family.verbs())
+    for (const Verb& v : family.verbs)
         out(QStringLiteral("  %1 %2").arg((v.name + QLatin1Char(' ') + v.usage).trimmed(), -28).arg(v.summary));
 }
 
 void printVerbHelp(const Family& family, const Verb& verb)
 {
-    out(QStringLiteral("usage: msgctr %1 %2 %3").arg(family.name(), verb.name, verb.usage).trimmed());
+    out(QStringLiteral("usage: msgctr %1 %2 %3").arg(family.name, verb.name, verb.usage).trimmed());
     out(verb.summary);
 }
 
@@ -84,23 +81,23 @@ int main(int argc, char** argv)
     }
 
     const QString familyName = args.takeFirst();
-    const auto& families = Family::all();
+    const std::vector<Family> families = allFamilies();
     const auto family = std::find_if(families.begin(), families.end(),
-                                     [&](const Family* f) { return f->name() == familyName; });
+                                     [&](const Family& f) { return f.name == familyName; });
     if (family == families.end())
         return usageError(QStringLiteral("unknown family '%1' (see msgctr --help)").arg(familyName));
     if (args.isEmpty() || isHelp(args.first())) {
-        printFamilyHelp(**family);
+        printFamilyHelp(*family);
         return args.isEmpty() ? ExitUsage : ExitOk;
     }
 
     const QString verbName = args.takeFirst();
-    const auto& verbs = (*family)->verbs();
+    const std::vector<Verb>& verbs = family->verbs;
     const auto verb = std::find_if(verbs.begin(), verbs.end(), [&](const Verb& v) { return v.name == verbName; });
     if (verb == verbs.end())
         return usageError(QStringLiteral("unknown verb '%1 %2' (see msgctr %1 --help)").arg(familyName, verbName));
     if (args.contains(QStringLiteral("--help"))) {
-        printVerbHelp(**family, *verb);
+        printVerbHelp(*family, *verb);
         return ExitOk;
     }
     return verb->run(args);
