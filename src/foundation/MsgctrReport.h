@@ -12,7 +12,7 @@
 #include "MSGCTR_ERRCODE.h"
 #include "msgctr_export.h"
 
-class MSGCTR_EXPORT MsgctrReport {
+class MsgctrReport {
 public:
     enum Kind { AssertFail, MildAssertFail, Trace };
 

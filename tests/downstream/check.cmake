@@ -23,3 +23,27 @@ endif()
 if(NOT out MATCHES "downstream ok")
   message(FATAL_ERROR "the downstream program did not report success")
 endif()
+
+# The same program built through pkg-config, as a non-CMake project would.
+find_program(PKG_CONFIG pkg-config REQUIRED)
+file(GLOB pcdirs ${prefix}/lib*/pkgconfig ${prefix}/lib/*/pkgconfig)
+list(JOIN pcdirs ":" pcpath)
+set(ENV{PKG_CONFIG_PATH} "${pcpath}")
+execute_process(COMMAND ${PKG_CONFIG} --cflags --libs zormsgctrutil
+                OUTPUT_VARIABLE flags RESULT_VARIABLE rc OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(rc)
+  message(FATAL_ERROR "pkg-config does not know zormsgctrutil")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+list(GET pcdirs 0 pcdir)
+get_filename_component(libdir ${pcdir} DIRECTORY)
+execute_process(COMMAND c++ -std=c++17 -fPIC ${SOURCE_DIR}/tests/downstream/project/main.cpp ${flags}
+                -lzorhostcontrol -Wl,-rpath,${libdir} -o ${WORK_DIR}/downstream-pc
+                RESULT_VARIABLE rc ERROR_VARIABLE err)
+if(rc)
+  message(FATAL_ERROR "building through pkg-config failed: ${err}")
+endif()
+execute_process(COMMAND ${WORK_DIR}/downstream-pc RESULT_VARIABLE rc OUTPUT_VARIABLE out)
+if(rc OR NOT out MATCHES "downstream ok")
+  message(FATAL_ERROR "the pkg-config build of the downstream program failed: ${rc} ${out}")
+endif()
