@@ -93,10 +93,9 @@ QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& localWallClock)
     tm utc = {};
     if (!gmtime_r(&t, &utc) || utc.tm_year + 1900 < 0 || utc.tm_year + 1900 > 9999)
         return QByteArray();
-    char text[32];
-    snprintf(text, sizeof text, "%04d%02d%02dT%02d%02d%02dZ", utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday,
-             utc.tm_hour, utc.tm_min, utc.tm_sec);
-    return QByteArray(text);
+    return QString::asprintf("%04d%02d%02dT%02d%02d%02dZ", utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday,
+                             utc.tm_hour, utc.tm_min, utc.tm_sec)
+        .toLatin1();
 }
 
 QDateTime UTIL_TimeConversion::fromISO8601(const QByteArray& text)
