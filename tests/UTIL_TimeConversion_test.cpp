@@ -52,7 +52,7 @@ TEST_P(TimeConversionZoneTest, ToUtcOfAWallClockAgreesWithQt)
                                        QDateTime(QDate(1970, 1, 1), QTime(0, 0)), QDateTime(QDate(1969, 12, 31), QTime(23, 59, 59))}) {
         SCOPED_TRACE(wallClock.toString(Qt::ISODate).toStdString());
         EXPECT_EQ(UTIL_TimeConversion::toUTC(wallClock), QDateTime(wallClock.date(), wallClock.time(), m_zone).toSecsSinceEpoch());
-        // The fields count, not the time spec.
+        // The fields count, not the zone the date-time names.
         EXPECT_EQ(UTIL_TimeConversion::toUTC(QDateTime(wallClock.date(), wallClock.time(), Qt::UTC)),
                   UTIL_TimeConversion::toUTC(wallClock));
     }
