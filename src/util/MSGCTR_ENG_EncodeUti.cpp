@@ -109,7 +109,8 @@ bool MSGCTR_ENG_EncodeUti::getMaxEncodePacketNumForSend(int* maximum, const QStr
     QStringList numbers;
     QStringList others;
     MSGCTR_ENG_EmsAddressList::segregateEmsNumberTypeFromOtherAddrType(&numbers, &others, addressList);
-    // Numbers get the bare text; it is counted once, and only when no e-mail recipient's text is longer.
+    // Without an e-mail recipient the plain text is counted once; with one, the numbers are not counted on
+    // their own.
     if (others.isEmpty())
         others.append(QString(QLatin1String("")));
 
