@@ -79,6 +79,8 @@ void BM_SegmentCount(benchmark::State& state)
     ZorHost::setRoot(QString());
 }
 
+// The empty text shows the fixed cost of one platform call (counting, fault check); the target is for the
+// 160- and 3200-unit texts.
 BENCHMARK(BM_SegmentCount)
     ->ArgNames({"units", "gsm"})
     ->Args({0, 1})
