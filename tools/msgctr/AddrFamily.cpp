@@ -8,28 +8,6 @@
 namespace msgctr {
 namespace {
 
-// Removes "--name VALUE" from args. Returns false (after printing a usage error into *status) when the
-// option is given without a value or twice.
-bool takeOption(QStringList* args, const QString& name, QString* value, bool* given, int* status)
-{
-    *given = false;
-    const qsizetype at = args->indexOf(name);
-    if (at < 0)
-        return true;
-    if (at + 1 >= args->size()) {
-        *status = usageError(QStringLiteral("%1 needs a value").arg(name));
-        return false;
-    }
-    *value = args->at(at + 1);
-    args->remove(at, 2);
-    if (args->contains(name)) {
-        *status = usageError(QStringLiteral("%1 given twice").arg(name));
-        return false;
-    }
-    *given = true;
-    return true;
-}
-
 int normalize(const QStringList& args)
 {
     if (args.size() != 1)

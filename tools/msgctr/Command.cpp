@@ -51,6 +51,28 @@ int failure(const QString& message)
     return ExitFailed;
 }
 
+bool takeOption(QStringList* args, const QString& name, QString* value, bool* given, int* status)
+{
+    if (given)
+        *given = false;
+    const qsizetype at = args->indexOf(name);
+    if (at < 0)
+        return true;
+    if (at + 1 >= args->size()) {
+        *status = usageError(QStringLiteral("%1 needs a value").arg(name));
+        return false;
+    }
+    *value = args->at(at + 1);
+    args->remove(at, 2);
+    if (args->contains(name)) {
+        *status = usageError(QStringLiteral("%1 given twice").arg(name));
+        return false;
+    }
+    if (given)
+        *given = true;
+    return true;
+}
+
 bool parseInteger(const QString& text, qlonglong* value)
 {
     bool ok = false;

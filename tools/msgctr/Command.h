@@ -42,6 +42,10 @@ void out(const QString& line);
 int usageError(const QString& message);
 int failure(const QString& message);
 
+// Removes "--name VALUE" from args. False, with a usage error's exit status in *status, when the option
+// has no value or is given twice. *given (may be null) tells whether it was there.
+bool takeOption(QStringList* args, const QString& name, QString* value, bool* given, int* status);
+
 // Parses a whole decimal (or 0x-prefixed hexadecimal) number; false on anything else.
 bool parseInteger(const QString& text, qlonglong* value);
 

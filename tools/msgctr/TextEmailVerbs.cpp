@@ -6,33 +6,14 @@
 namespace msgctr {
 namespace {
 
-// Removes "--name VALUE" from args; false (with a usage error in *status) when the value is missing.
-bool takeOption(QStringList* args, const QString& name, QString* value, int* status)
-{
-    const qsizetype at = args->indexOf(name);
-    if (at < 0)
-        return true;
-    if (at + 1 >= args->size()) {
-        *status = usageError(QStringLiteral("%1 needs a value").arg(name));
-        return false;
-    }
-    *value = args->at(at + 1);
-    args->remove(at, 2);
-    if (args->contains(name)) {
-        *status = usageError(QStringLiteral("%1 given twice").arg(name));
-        return false;
-    }
-    return true;
-}
-
 int emailEncode(const QStringList& args)
 {
     QStringList rest = args;
     int status = ExitOk;
     QString to;
     QString subject;
-    if (!takeOption(&rest, QStringLiteral("--to"), &to, &status)
-        || !takeOption(&rest, QStringLiteral("--subject"), &subject, &status))
+    if (!takeOption(&rest, QStringLiteral("--to"), &to, nullptr, &status)
+        || !takeOption(&rest, QStringLiteral("--subject"), &subject, nullptr, &status))
         return status;
     if (rest.size() != 1)
         return usageError(QStringLiteral("text email-encode takes one BODY after its options (quote it)"));
@@ -51,8 +32,8 @@ int emailDecode(const QStringList& args)
     QStringList rest = args;
     int status = ExitOk;
     QString sender;
-    const bool hasSender = rest.contains(QStringLiteral("--from"));
-    if (!takeOption(&rest, QStringLiteral("--from"), &sender, &status))
+    bool hasSender = false;
+    if (!takeOption(&rest, QStringLiteral("--from"), &sender, &hasSender, &status))
         return status;
     const bool simple = rest.removeAll(QStringLiteral("--simple")) > 0;
     if (rest.size() != 1)
