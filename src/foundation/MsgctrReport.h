@@ -10,7 +10,6 @@
 
 #include "MSGCTR_ENG_DumpContext.h"
 #include "MSGCTR_ERRCODE.h"
-#include "msgctr_export.h"
 
 class MsgctrReport {
 public:
