@@ -1,0 +1,14 @@
+// Control of the platform utilities, for tests and tools.
+#pragma once
+
+#include <QStringList>
+
+namespace ZorHost {
+
+// Makes `code` the system language (one of UTIL_Language's codes). False for an unknown code (errno
+// EINVAL) or when the choice cannot be written (errno set).
+bool setSystemLanguage(const QString& code);
+// Every system language code, in id order.
+QStringList systemLanguages();
+
+} // namespace ZorHost
