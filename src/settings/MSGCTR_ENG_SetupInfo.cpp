@@ -129,12 +129,13 @@ bool pushSerLoadingSecurityTypeIsValid(int nPushSerLoadingSecurityType)
                                   "(PUSH_SL_SECURITY_DENY == nPushSerLoadingSecurityType)")              \
             << MSGCTR_VAL(nPushSerLoadingSecurityType)
 
-unsigned int checkedPrefStorage(unsigned int nPrefStorage)
-{
-    MSGCTR_CHECK(MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid(nPrefStorage)) << MSGCTR_VAL(nPrefStorage);
-    MSGCTR_TRACE_REPORT() << MSGCTR_VAL(nPrefStorage);
-    return nPrefStorage;
-}
+// Every read of a preferred storage leaves a trace of the value.
+#define CHECK_AND_TRACE_PREF_STORAGE(nPrefStorage)                                                            \
+    do {                                                                                                     \
+        MSGCTR_CHECK(MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid(nPrefStorage))                     \
+            << MSGCTR_VAL(nPrefStorage);                                                                     \
+        MSGCTR_TRACE_REPORT() << MSGCTR_VAL(nPrefStorage);                                                   \
+    } while (0)
 
 } // namespace
 
@@ -296,7 +297,9 @@ MSGCTR_ERRCODE MSGCTR_ENG_SetupInfo::setSmsDeliveryReportEnabled(bool value)
 
 unsigned int MSGCTR_ENG_SetupInfo::getIncomingSMSMsgPrefStorage()
 {
-    return checkedPrefStorage(getValue(setupInfoKey(SETUP_KEY__INCOM_SMS_PREF_STORAGE)).toUInt());
+    const unsigned int nPrefStorage = getValue(setupInfoKey(SETUP_KEY__INCOM_SMS_PREF_STORAGE)).toUInt();
+    CHECK_AND_TRACE_PREF_STORAGE(nPrefStorage);
+    return nPrefStorage;
 }
 
 MSGCTR_ERRCODE MSGCTR_ENG_SetupInfo::setIncomingSMSMsgPrefStorage(unsigned int value)
@@ -316,7 +319,9 @@ MSGCTR_ERRCODE MSGCTR_ENG_SetupInfo::setIncomingSMSMsgPrefUserDefStorage(const Q
 
 unsigned int MSGCTR_ENG_SetupInfo::getIncomingMMSMsgPrefStorage()
 {
-    return checkedPrefStorage(getValue(setupInfoKey(SETUP_KEY__INCOM_MMS_MSG_PREF_STORAGE)).toUInt());
+    const unsigned int nPrefStorage = getValue(setupInfoKey(SETUP_KEY__INCOM_MMS_MSG_PREF_STORAGE)).toUInt();
+    CHECK_AND_TRACE_PREF_STORAGE(nPrefStorage);
+    return nPrefStorage;
 }
 
 MSGCTR_ERRCODE MSGCTR_ENG_SetupInfo::setIncomingMMSMsgPrefStorage(unsigned int value)
