@@ -1,7 +1,7 @@
 // The platform's time conversions between the local wall clock, UTC seconds and ISO 8601 text.
 //
 // Date-times of this platform carry no zone: a QDateTime handed in is read by its date and time fields as
-// wall-clock time in the system's local zone (the C library's zone, TZ), whatever its time spec, and the
+// wall-clock time in the system's local zone (the C library's zone, TZ), whatever zone the QDateTime itself names, and the
 // date-times handed out are local wall-clock times. UTC times are signed 32-bit seconds since
 // 1970-01-01 00:00:00 UTC. Milliseconds are ignored.
 //
