@@ -133,7 +133,7 @@ bool SETUP_SET_Manager::write(const char* operation, const QString& group, const
         return false;
     }
     if (!m_flush) {
-        m_pending.push_back(Write{group, key, value});
+        m_pending.push_back(Write{group, key, value && value->isNull() ? QString(0, QChar()) : value});
         return true;
     }
     return SetupKeyFile::update(m_path, [&](SetupKeyFile::Contents& contents) {

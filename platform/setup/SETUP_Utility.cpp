@@ -6,7 +6,7 @@
 bool SETUP_Utility::getFlexBit(int number, bool* value)
 {
     int fault;
-    if (ZorHostCore::enter("SETUP_Utility::getFlexBit", &fault))
+    if (ZorHostCore::enter("SETUP_Utility::getFlexBit", &fault) || !value)
         return false;
     QMap<int, bool> bits;
     if (!SetupFeatures::table(SetupFeatures::kFlexBitGroup, &bits))
@@ -14,8 +14,7 @@ bool SETUP_Utility::getFlexBit(int number, bool* value)
     const auto it = bits.constFind(number);
     if (it == bits.constEnd())
         return false;
-    if (value)
-        *value = *it;
+    *value = *it;
     return true;
 }
 

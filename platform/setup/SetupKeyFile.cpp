@@ -141,7 +141,8 @@ void Contents::set(const QString& group, const QString& key, const QString& valu
     }
     if (!g->values.contains(key))
         g->keys.append(key);
-    g->values.insert(key, value);
+    // Stored texts are never null: a key that is present holds at least the empty text.
+    g->values.insert(key, value.isNull() ? QString(0, QChar()) : value);
 }
 
 void Contents::remove(const QString& group, const QString& key)
@@ -243,12 +244,7 @@ Contents Contents::parse(const QByteArray& data, const QString& path)
             reportDamage(path, i + 1, "key outside a group");
             continue;
         }
-        QString value = line.mid(eq + 1);
-        if (value.isNull())
-            value = QString(0, QChar());
-        if (!current->values.contains(key))
-            current->keys.append(key);
-        current->values.insert(key, value);
+        contents.set(current->name, key, line.mid(eq + 1));
     }
     // A header whose keys were all damaged leaves nothing worth keeping.
     for (auto it = contents.m_groups.begin(); it != contents.m_groups.end();)
