@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QStandardPaths>
@@ -28,6 +29,7 @@ struct State {
     // Keyed by the operation's Latin-1 name, so that counting a call allocates nothing once it was seen.
     QHash<QByteArray, Fault> faults;
     QHash<QByteArray, int> calls;
+    QSet<QString> madeDirs; // folders known to exist: opening a store must not cost a mkpath each time
     std::vector<Reset> resets;
 };
 
@@ -53,6 +55,19 @@ QString defaultRoot()
 const char* const kDeviceDir = "device";
 const char* const kStateDir = "state";
 
+void ensureDir(const QString& dir)
+{
+    {
+        QMutexLocker lock(&state().mutex);
+        if (state().madeDirs.contains(dir))
+            return;
+    }
+    if (QDir().mkpath(dir)) {
+        QMutexLocker lock(&state().mutex);
+        state().madeDirs.insert(dir);
+    }
+}
+
 } // namespace
 
 QString root()
@@ -64,7 +79,7 @@ QString root()
             state().root = QDir::cleanPath(QDir::current().absoluteFilePath(defaultRoot()));
         dir = state().root;
     }
-    QDir().mkpath(dir);
+    ensureDir(dir);
     return dir;
 }
 
@@ -81,7 +96,7 @@ QString devicePath(const QString& absoluteDevicePath)
     while (clean.startsWith(QStringLiteral("/..")))
         clean = QDir::cleanPath(clean.mid(3).prepend(QLatin1Char('/')));
     const QString hostPath = root() + QLatin1Char('/') + QLatin1String(kDeviceDir) + clean;
-    QDir().mkpath(QFileInfo(hostPath).absolutePath());
+    ensureDir(QFileInfo(hostPath).absolutePath());
     return hostPath;
 }
 
@@ -141,7 +156,7 @@ void registerReset(const char* simulator, std::function<void()> dropCachedState)
 QString stateDir(const QString& simulator)
 {
     const QString dir = root() + QLatin1Char('/') + QLatin1String(kStateDir) + QLatin1Char('/') + simulator;
-    QDir().mkpath(dir);
+    ensureDir(dir);
     return dir;
 }
 
@@ -150,6 +165,10 @@ void resetAll()
     const QString base = root();
     QDir(base + QLatin1Char('/') + QLatin1String(kStateDir)).removeRecursively();
     QDir(base + QLatin1Char('/') + QLatin1String(kDeviceDir)).removeRecursively();
+    {
+        QMutexLocker lock(&state().mutex);
+        state().madeDirs.clear();
+    }
     std::vector<Reset> resets;
     {
         QMutexLocker lock(&state().mutex);
