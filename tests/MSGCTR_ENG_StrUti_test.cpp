@@ -12,6 +12,16 @@
 
 namespace {
 
+// The first value of each pair is the plain copy, the second its twin that takes the warning flag.
+struct PlainOrWarningName {
+    template <typename Copy>
+    std::string operator()(const ::testing::TestParamInfo<Copy>& info) const
+    {
+        return info.index == 0 ? "Plain" : "WithTruncateWarning";
+    }
+};
+
+
 using CopyU16 = int (*)(unsigned short*, int, const QString&);
 using CopyU8 = int (*)(char*, int, const QCString&);
 using CopyBytes = void (*)(char*, int, const QString&);
@@ -88,7 +98,8 @@ TEST_P(CopyU16Test, UnitsAreCopiedAsTheyAreSurrogatesIncluded)
 
 INSTANTIATE_TEST_SUITE_P(PlainAndWarning, CopyU16Test,
                          ::testing::Values(&MSGCTR_ENG_StrUti::copyToU16StrBufFromQString,
-                                           &MSGCTR_ENG_StrUti::copyToU16StrBufFromQStringWithTruncateWarning));
+                                           &MSGCTR_ENG_StrUti::copyToU16StrBufFromQStringWithTruncateWarning),
+                         PlainOrWarningName());
 
 TEST_P(CopyU8Test, CapacityFiveTakesFourBytes)
 {
@@ -132,7 +143,8 @@ TEST_P(CopyU8Test, NullTextGivesAnEmptyBuffer)
 
 INSTANTIATE_TEST_SUITE_P(PlainAndWarning, CopyU8Test,
                          ::testing::Values(&MSGCTR_ENG_StrUti::copyToU8StrBufFromQCString,
-                                           &MSGCTR_ENG_StrUti::copyToU8StrBufFromQCStringWithTruncateWarning));
+                                           &MSGCTR_ENG_StrUti::copyToU8StrBufFromQCStringWithTruncateWarning),
+                         PlainOrWarningName());
 
 TEST_P(CopyBytesTest, OddSizeCopiesHalfMinusOneUnitsAndZeroesTheTail)
 {
@@ -194,7 +206,8 @@ TEST_P(CopyBytesTest, UnalignedBufferIsFilledInNativeOrder)
 
 INSTANTIATE_TEST_SUITE_P(PlainAndWarning, CopyBytesTest,
                          ::testing::Values(&MSGCTR_ENG_StrUti::copyToBufByUnicode16bitFromQString,
-                                           &MSGCTR_ENG_StrUti::copyToBufByUnicode16bitFromQStringWithTruncateWarning));
+                                           &MSGCTR_ENG_StrUti::copyToBufByUnicode16bitFromQStringWithTruncateWarning),
+                         PlainOrWarningName());
 
 TEST_F(StrUtiTest, CreateU16StringFromCopiesEveryUnitAndTerminates)
 {
