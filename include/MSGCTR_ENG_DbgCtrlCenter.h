@@ -23,6 +23,8 @@ public:
     void outputMildAssertFailMsg(const QString& text);
     void outputAssertFail(const char* file, int line, const char* expression);
     void assertFailHook();
+    // Aborts the process only when passed true; the assertion hook passes false, so reports stay diagnostic.
+    static void abortIf(bool doAbort);
 
     void showMsgByModeless(const QString& text);
     int showMsgByModel(const QString& text);

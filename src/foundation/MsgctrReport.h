@@ -10,8 +10,9 @@
 
 #include "MSGCTR_ENG_DumpContext.h"
 #include "MSGCTR_ERRCODE.h"
+#include "msgctr_export.h"
 
-class MsgctrReport {
+class MSGCTR_EXPORT MsgctrReport {
 public:
     enum Kind { AssertFail, MildAssertFail, Trace };
 
