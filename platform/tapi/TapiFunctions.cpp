@@ -2,7 +2,7 @@
 #include "TAPI.h"
 
 #include "TapiState.h"
-#include "ZorHostCore.h"
+#include "TapiEntry.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -147,9 +147,7 @@ extern "C" {
 
 int TAPI_ACCE_GetSimCardStatus(_TAPI_SIM_STATUS_E* status)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_ACCE_GetSimCardStatus", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!status)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -160,9 +158,7 @@ int TAPI_ACCE_GetSimCardStatus(_TAPI_SIM_STATUS_E* status)
 
 int TAPI_FTRDB_GetAvailability(int featureId)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_FTRDB_GetAvailability", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     bool available = false;
     withState(false, [&](State& s) -> int {
         available = s.simUsable() && s.availableServices.count(featureId) > 0;
@@ -173,9 +169,7 @@ int TAPI_FTRDB_GetAvailability(int featureId)
 
 int TAPI_SIM_GetUSIMFileInfo(unsigned char fileId, unsigned char, unsigned short, TAPI_SIM_USIM_FILE_INFO_S* info)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SIM_GetUSIMFileInfo", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!info)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -192,41 +186,31 @@ int TAPI_SIM_GetUSIMFileInfo(unsigned char fileId, unsigned char, unsigned short
 
 int TAPI_SMS_SetServiceCenter(const char* address)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_SetServiceCenter", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return setNumber(address, &State::serviceCentre);
 }
 
 int TAPI_SMS_GetServiceCenter(char* address)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_GetServiceCenter", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return getNumber(address, &State::serviceCentre);
 }
 
 int TAPI_SMS_SetEmailGateway(const char* number)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_SetEmailGateway", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return setNumber(number, &State::emailGateway);
 }
 
 int TAPI_SMS_GetEmailGateway(char* number)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_GetEmailGateway", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return getNumber(number, &State::emailGateway);
 }
 
 int TAPI_SMS_NotifyMeStorageFull(void)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_NotifyMeStorageFull", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return withState(true, [](State& s) -> int {
         if (!s.simUsable())
             return TAPI_RESULT_SIM_NOT_READY;
@@ -237,9 +221,7 @@ int TAPI_SMS_NotifyMeStorageFull(void)
 
 int TAPI_SMS_NotifyMeStorageAvail(void)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_NotifyMeStorageAvail", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return withState(true, [](State& s) -> int {
         if (!s.simUsable())
             return TAPI_RESULT_SIM_NOT_READY;
@@ -250,9 +232,7 @@ int TAPI_SMS_NotifyMeStorageAvail(void)
 
 int TAPI_SMS_GetSmsTransportMode(unsigned char* mode)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_GetSmsTransportMode", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!mode)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -265,9 +245,7 @@ int TAPI_SMS_GetSmsTransportMode(unsigned char* mode)
 
 int TAPI_SMS_SetSmsTransportMode(unsigned char mode)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_SetSmsTransportMode", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (mode != TAPI_SMS_TRANSPORT_GPRS_OFF && mode != TAPI_SMS_TRANSPORT_GPRS_ON)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -280,9 +258,7 @@ int TAPI_SMS_SetSmsTransportMode(unsigned char mode)
 
 int TAPI_CB_GetStatus(unsigned char* state)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_GetStatus", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!state)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -293,9 +269,7 @@ int TAPI_CB_GetStatus(unsigned char* state)
 
 int TAPI_CB_SetStatus(unsigned char state)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_SetStatus", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return withState(true, [&](State& s) -> int {
         s.cbState = state;
         return TAPI_RESULT_SUCC;
@@ -304,9 +278,7 @@ int TAPI_CB_SetStatus(unsigned char state)
 
 int TAPI_CB_AddChannel(unsigned short channel)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_AddChannel", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (channel == 65535)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -323,9 +295,7 @@ int TAPI_CB_AddChannel(unsigned short channel)
 
 int TAPI_CB_DeleteChannel(unsigned short channel)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_DeleteChannel", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (channel == 65535)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -357,9 +327,7 @@ int TAPI_CB_GetLanguagesEx(int* count, unsigned char** list)
 
 int TAPI_CB_SetLanguage(unsigned short slot, unsigned char language)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_SetLanguage", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     return withState(true, [&](State& s) -> int {
         if (!s.simUsable())
             return TAPI_RESULT_SIM_NOT_READY;
@@ -372,9 +340,7 @@ int TAPI_CB_SetLanguage(unsigned short slot, unsigned char language)
 
 int TAPI_MAILBOX_Gsmr4GetEntry(unsigned char type, char* number, unsigned short* name)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_Gsmr4GetEntry", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (type > TAPI_MAILBOX_TYPE_OTHER || !number || !name)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -390,9 +356,7 @@ int TAPI_MAILBOX_Gsmr4GetEntry(unsigned char type, char* number, unsigned short*
 
 int TAPI_MAILBOX_Gsmr4SetEntry(unsigned char type, const char* number, const unsigned short* name)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_Gsmr4SetEntry", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     ZorTapi::MailboxEntry entry;
     if (type > TAPI_MAILBOX_TYPE_OTHER || !name || !readNumber(number, &entry.number))
         return TAPI_RESULT_INVALID_PARAM;
@@ -411,9 +375,7 @@ int TAPI_MAILBOX_Gsmr4SetEntry(unsigned char type, const char* number, const uns
 
 int TAPI_MAILBOX_Gsmr4IsModifiable(unsigned char* modifiable)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_Gsmr4IsModifiable", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!modifiable)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -426,9 +388,7 @@ int TAPI_MAILBOX_Gsmr4IsModifiable(unsigned char* modifiable)
 
 int TAPI_MAILBOX_Gsmr4GetMailCount(unsigned char type, unsigned char* count)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_Gsmr4GetMailCount", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (type > TAPI_MAILBOX_TYPE_OTHER || !count)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -443,9 +403,7 @@ int TAPI_MAILBOX_Gsmr4GetMailCount(unsigned char type, unsigned char* count)
 
 int TAPI_MAILBOX_Gsmr4SetMailCount(unsigned char type, unsigned char count)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_Gsmr4SetMailCount", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (type > TAPI_MAILBOX_TYPE_OTHER)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -460,9 +418,7 @@ int TAPI_MAILBOX_Gsmr4SetMailCount(unsigned char type, unsigned char count)
 
 int TAPI_MAILBOX_CphsGetVoiceMailBox(unsigned char line, char* number, unsigned short* name)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_CphsGetVoiceMailBox", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (line < TAPI_TEL_LINE_1 || line > TAPI_TEL_LINE_2 || !number || !name)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -476,9 +432,7 @@ int TAPI_MAILBOX_CphsGetVoiceMailBox(unsigned char line, char* number, unsigned 
 
 int TAPI_MAILBOX_CphsSetVoiceMailBox(unsigned char line, const char* number, const unsigned short* name)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_MAILBOX_CphsSetVoiceMailBox", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     ZorTapi::MailboxEntry entry;
     if (line < TAPI_TEL_LINE_1 || line > TAPI_TEL_LINE_2 || !name || !readNumber(number, &entry.number))
         return TAPI_RESULT_INVALID_PARAM;
@@ -493,9 +447,7 @@ int TAPI_MAILBOX_CphsSetVoiceMailBox(unsigned char line, const char* number, con
 
 int TAPI_CPHS_SetMessageWaitingFlag(unsigned char line, unsigned char waiting)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CPHS_SetMessageWaitingFlag", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (line > 1)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {

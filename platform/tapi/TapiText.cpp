@@ -2,7 +2,7 @@
 // validity-period octet (TS 23.040).
 #include "TAPI.h"
 
-#include "ZorHostCore.h"
+#include "TapiEntry.h"
 
 #include <algorithm>
 #include <array>
@@ -161,9 +161,7 @@ extern "C" {
 
 int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACULATE_SM_RESULT_S* result)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_CaculateSm", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!request || !result || request->length > TAPI_SMS_CACULATE_MAX_UNITS)
         return TAPI_RESULT_INVALID_PARAM;
 
@@ -214,9 +212,7 @@ int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACU
 unsigned short TAPI_UTIL_ConvertUcs2StringToGsmString(const unsigned short* src, unsigned short srcLen,
                                                       unsigned char* dst, unsigned short dstLen)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_UTIL_ConvertUcs2StringToGsmString", &fault))
-        return static_cast<unsigned short>(fault);
+    ZORTAPI_ENTER();
     if ((!src && srcLen > 0) || (!dst && dstLen > 0))
         return TAPI_UTIL_NOT_GSM;
     const short* codes = tables().code.data();
@@ -241,9 +237,7 @@ unsigned short TAPI_UTIL_ConvertUcs2StringToGsmString(const unsigned short* src,
 
 int TAPI_SMS_ExpirePeriodToUINT8(const _TAPI_SMS_EXPIRE_PERIOD_DATA_S* period, unsigned char* octet)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_SMS_ExpirePeriodToUINT8", &fault))
-        return fault;
+    ZORTAPI_ENTER();
     if (!period || !octet)
         return 0;
     struct Row {
