@@ -5,6 +5,7 @@
 #include "MSGCTR_ENG_StrUti.h"
 
 #include <QRegularExpression>
+#include <limits>
 
 namespace {
 
@@ -104,14 +105,7 @@ bool MSGCTR_ENG_EmsAddressList::isValidForBeingSavedToSIMCard(const QString& add
 
 QString MSGCTR_ENG_EmsAddressList::toNameList(const QString& text, const QString& separator)
 {
-    QString names;
-    const QStringList addresses = getRawAddrList(text);
-    for (qsizetype i = 0; i < addresses.size(); ++i) {
-        if (i > 0)
-            names += separator;
-        names += MSGCTR_ENG_Addrbk::getNameByAddress(addresses.at(i));
-    }
-    return names;
+    return toNameList(text, std::numeric_limits<int>::max(), separator);
 }
 
 QString MSGCTR_ENG_EmsAddressList::toNameList(const QString& text, int maxLength, const QString& separator)
