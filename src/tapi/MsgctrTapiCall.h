@@ -9,6 +9,7 @@
 #include "foundation/MsgctrReport.h"
 
 #include "MSGCTR_ERRCODE.h"
+#include "msgctr_export.h"
 
 // Where a wrapper's report lines say they come from.
 struct MsgctrTapiSite {
@@ -63,10 +64,12 @@ using MsgctrTapiFunction = MsgctrTapiRef<int()>;
 #define MSGCTR_TAPI_VALUES(...) ([&](MsgctrReport& report) { report << __VA_ARGS__; })
 
 // Traces `before` (a bare comment when it is empty), makes the call, traces `after` and "tapiResult = ",
-// maps the result and, on failure, reports "msgctrErrcode = ", `failed` and "tapiResult = ".
-MSGCTR_ERRCODE msgctrTapiCall(const MsgctrTapiSite& site, MsgctrTapiFunction call, MsgctrTapiValues before,
-                              MsgctrTapiValues after, MsgctrTapiValues failed,
-                              const MsgctrTapiFailureReport& failure = MsgctrTapiFailureReport());
+// maps the result and, on failure, reports "msgctrErrcode = ", `failed` and "tapiResult = ". Exported for
+// the tests only; it is not part of the installed interface.
+MSGCTR_EXPORT MSGCTR_ERRCODE msgctrTapiCall(const MsgctrTapiSite& site, MsgctrTapiFunction call,
+                                            MsgctrTapiValues before, MsgctrTapiValues after,
+                                            MsgctrTapiValues failed,
+                                            const MsgctrTapiFailureReport& failure = MsgctrTapiFailureReport());
 
 // The common wrapper: its arguments traced before and after the call and shown in a failure report.
 #define MSGCTR_TAPI_CALL(call, ...)                                                               \
