@@ -2,6 +2,8 @@
 
 #include "HostRootTest.h"
 
+#include <ostream>
+
 #include <functional>
 #include <string>
 
@@ -25,6 +27,11 @@ struct RenderCase {
     std::function<void(MSGCTR_ENG_DumpContext&)> stream;
     const char* expected;
 };
+
+void PrintTo(const RenderCase& c, std::ostream* os)
+{
+    *os << "\"" << c.name << "\"";
+}
 
 class RenderTest : public HostRootTest, public ::testing::WithParamInterface<RenderCase> {};
 
@@ -54,6 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
         RenderCase{"True", [](MSGCTR_ENG_DumpContext& c) { c << true; }, "true(bool,1)"},
         RenderCase{"False", [](MSGCTR_ENG_DumpContext& c) { c << false; }, "false(bool,1)"},
         RenderCase{"Char", [](MSGCTR_ENG_DumpContext& c) { c << 'A'; }, "65/'A'(char,1)"},
+        RenderCase{"CharAboveAscii", [](MSGCTR_ENG_DumpContext& c) { c << '\xE9'; }, "233/'\xE9'(char,1)"},
         RenderCase{"Float", [](MSGCTR_ENG_DumpContext& c) { c << 3.14159265f; }, "3.14159"},
         RenderCase{"Double", [](MSGCTR_ENG_DumpContext& c) { c << 1234567.0; }, "1.23457e+06"},
         RenderCase{"DoubleSmall", [](MSGCTR_ENG_DumpContext& c) { c << 0.5; }, "0.5"},
@@ -367,6 +375,11 @@ struct FoldRefusal {
     const char* label;
     const char* comment;
 };
+
+void PrintTo(const FoldRefusal& c, std::ostream* os)
+{
+    *os << "\"" << c.name << "\"";
+}
 
 class CommentRefusalTest : public HostRootTest, public ::testing::WithParamInterface<FoldRefusal> {};
 

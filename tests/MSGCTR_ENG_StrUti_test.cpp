@@ -1,6 +1,8 @@
 #include "MSGCTR_ENG_StrUti.h"
 
 #include "HostRootTest.h"
+
+#include <ostream>
 #include "MFString.h"
 
 #include <array>
@@ -365,6 +367,11 @@ struct HexCase {
     const char* expected;
 };
 
+void PrintTo(const HexCase& c, std::ostream* os)
+{
+    *os << "\"" << c.name << "\"";
+}
+
 class HexTest : public HostRootTest, public ::testing::WithParamInterface<HexCase> {};
 
 TEST_P(HexTest, Renders)
@@ -404,6 +411,11 @@ struct HexStringCase {
     const char* text;
     bool valid;
 };
+
+void PrintTo(const HexStringCase& c, std::ostream* os)
+{
+    *os << "\"" << c.text << "\"";
+}
 
 class ValidHexTest : public HostRootTest, public ::testing::WithParamInterface<HexStringCase> {};
 

@@ -1,6 +1,8 @@
 #include "MSGCTR_ENG_UTIL_Dbg.h"
 
 #include "HostRootTest.h"
+
+#include <ostream>
 #include "MSGCTR_ENG_DbgCtrlCenter.h"
 
 #include <QFile>
@@ -23,6 +25,11 @@ struct FileCase {
     int line;
     const char* expected;
 };
+
+void PrintTo(const FileCase& c, std::ostream* os)
+{
+    *os << "\"" << c.name << "\"";
+}
 
 class FileAndLineTest : public HostRootTest, public ::testing::WithParamInterface<FileCase> {};
 

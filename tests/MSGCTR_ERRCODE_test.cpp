@@ -2,6 +2,8 @@
 
 #include "HostRootTest.h"
 
+#include <ostream>
+
 #include <climits>
 
 namespace {
@@ -12,6 +14,11 @@ struct CodeValue {
     MSGCTR_ERRCODE code;
     int value;
 };
+
+void PrintTo(const CodeValue& c, std::ostream* os)
+{
+    *os << "\"" << c.value << "\"";
+}
 
 class ErrcodeValueTest : public HostRootTest, public ::testing::WithParamInterface<CodeValue> {};
 

@@ -1,5 +1,7 @@
 #include "HostRootTest.h"
 
+#include <ostream>
+
 #include <QProcess>
 
 #include <string>
@@ -34,6 +36,11 @@ struct GoodCase {
     QString out;
 };
 
+void PrintTo(const GoodCase& c, std::ostream* os)
+{
+    *os << "\"" << c.name << "\"";
+}
+
 class MsgctrTextGoodTest : public MsgctrTextTest, public ::testing::WithParamInterface<GoodCase> {};
 
 struct BadCase {
@@ -41,6 +48,11 @@ struct BadCase {
     QStringList args;
     QString errPart;
 };
+
+void PrintTo(const BadCase& c, std::ostream* os)
+{
+    *os << "\"" << c.name << "\"";
+}
 
 class MsgctrTextBadTest : public MsgctrTextTest, public ::testing::WithParamInterface<BadCase> {};
 

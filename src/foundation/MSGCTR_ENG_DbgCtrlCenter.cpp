@@ -159,7 +159,9 @@ int MSGCTR_ENG_DbgCtrlCenter::showMsgByModel(const QString& text)
 
 void MSGCTR_ENG_DbgCtrlCenter::destroyModelessWidget()
 {
+#ifdef ZOR_WITH_WIDGETS
     delete spLabel;
+#endif
     spLabel = nullptr;
 }
 
