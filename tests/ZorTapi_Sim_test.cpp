@@ -51,7 +51,7 @@ TEST_F(ZorTapiSim, FactoryState)
 
 TEST_F(ZorTapiSim, SimStatusIsWhatControlSet)
 {
-    for (int status : {4, 0, 1, 6, 77}) {
+    for (int status : {4, 0, 1, 6, 77, -5}) {
         ASSERT_TRUE(ZorHost::setSimCardStatus(status));
         _TAPI_SIM_STATUS_E got = TAPI_SIM_STATUS_NO_CARD;
         EXPECT_EQ(TAPI_ACCE_GetSimCardStatus(&got), TAPI_RESULT_SUCC);

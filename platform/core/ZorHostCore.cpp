@@ -25,8 +25,9 @@ struct Reset {
 struct State {
     QMutex mutex;
     QString root;
-    QHash<QString, Fault> faults;
-    QHash<QString, int> calls;
+    // Keyed by the operation's Latin-1 name, so that counting a call allocates nothing once it was seen.
+    QHash<QByteArray, Fault> faults;
+    QHash<QByteArray, int> calls;
     std::vector<Reset> resets;
 };
 
@@ -86,9 +87,13 @@ QString devicePath(const QString& absoluteDevicePath)
 
 bool enter(const char* operation, int* faultResult)
 {
-    const QString op = QString::fromLatin1(operation);
+    const QByteArray op = QByteArray::fromRawData(operation, qsizetype(qstrlen(operation)));
     QMutexLocker lock(&state().mutex);
-    ++state().calls[op];
+    const auto counted = state().calls.find(op);
+    if (counted != state().calls.end())
+        ++*counted;
+    else
+        state().calls.insert(QByteArray(operation), 1);
     auto it = state().faults.find(op);
     if (it == state().faults.end())
         return false;
@@ -103,10 +108,10 @@ void injectFault(const QString& operation, int result, int times)
 {
     QMutexLocker lock(&state().mutex);
     if (times == 0 || times < -1) {
-        state().faults.remove(operation);
+        state().faults.remove(operation.toLatin1());
         return;
     }
-    state().faults.insert(operation, Fault{result, times});
+    state().faults.insert(operation.toLatin1(), Fault{result, times});
 }
 
 void clearFaults()
@@ -118,7 +123,7 @@ void clearFaults()
 int callCount(const QString& operation)
 {
     QMutexLocker lock(&state().mutex);
-    return state().calls.value(operation, 0);
+    return state().calls.value(operation.toLatin1(), 0);
 }
 
 void resetCallCounts()

@@ -58,14 +58,17 @@ typedef unsigned short TAPI_PHONEBOOK_NAME_A[TAPI_PHONEBOOK_NAME_UNITS];
 
 /* ---- SIM card -------------------------------------------------------------------------------------------- */
 
+/* The two outer values make the type hold every int, so that any status is a valid value of it. */
 typedef enum _TAPI_SIM_STATUS_E {
+    TAPI_SIM_STATUS_UNKNOWN = -1,
     TAPI_SIM_STATUS_NO_CARD = 0,
     TAPI_SIM_STATUS_PIN_REQUIRED = 1,
     TAPI_SIM_STATUS_PUK_REQUIRED = 2,
     TAPI_SIM_STATUS_SIM_READY = 3,
     TAPI_SIM_STATUS_USIM_READY = 4,
     TAPI_SIM_STATUS_BLOCKED = 5,
-    TAPI_SIM_STATUS_INITIALIZING = 6
+    TAPI_SIM_STATUS_INITIALIZING = 6,
+    TAPI_SIM_STATUS_LAST = 0x7FFFFFFF
 } _TAPI_SIM_STATUS_E;
 
 /* Any value the control interface set is passed through, so unknown statuses reach the caller too. */

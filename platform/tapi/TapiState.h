@@ -44,7 +44,7 @@ constexpr int kMaxNameUnits = 51;
 constexpr int kMaxLanguageSlots = 255;
 
 QByteArray serialize(const State& state);
-// False with a reason when the text is not a valid state; *state is then unspecified.
+// False with a reason when the text is not a valid state; *state is then of no use.
 bool parse(const QByteArray& text, State* state, QString* reason);
 
 // Runs fn on the stored state under the cross-process lock. When fn returns TAPI_RESULT_SUCC and `modify` is

@@ -4,8 +4,13 @@
 
 #include "ZorHostCore.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -60,6 +65,49 @@ const Tables& tables()
 {
     static const Tables t;
     return t;
+}
+
+// Long texts are mostly plain ASCII letters, digits and punctuation: those are checked 16 units at a time.
+// Returns how many leading units (whole blocks of 16) take one septet each.
+unsigned plainBlocks(const unsigned short* text, unsigned n)
+{
+    unsigned i = 0;
+#if defined(__SSE2__)
+    const __m128i zero = _mm_setzero_si128();
+    for (; i + 16 <= n; i += 16) {
+        // Packing saturates every unit above 0xFF (or, as signed, below 0) out of both ranges.
+        const __m128i bytes = _mm_packus_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i)),
+                                               _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i + 8)));
+        // 0x20..0x5A and 0x61..0x7A: one septet each; the rest ('`', [\]^_{|}~, controls) is left to the table.
+        const __m128i low = _mm_subs_epu8(_mm_sub_epi8(bytes, _mm_set1_epi8(0x20)), _mm_set1_epi8(0x5A - 0x20));
+        const __m128i high = _mm_subs_epu8(_mm_sub_epi8(bytes, _mm_set1_epi8(0x61)), _mm_set1_epi8(0x7A - 0x61));
+        const __m128i plain = _mm_or_si128(_mm_cmpeq_epi8(low, zero), _mm_cmpeq_epi8(high, zero));
+        if (_mm_movemask_epi8(plain) != 0xFFFF)
+            break;
+    }
+#else
+    (void)text;
+    (void)n;
+#endif
+    return i;
+}
+
+bool containsSurrogate(const unsigned short* text, unsigned n)
+{
+    unsigned i = 0;
+#if defined(__SSE2__)
+    const __m128i mask = _mm_set1_epi16(static_cast<short>(0xF800));
+    const __m128i surrogate = _mm_set1_epi16(static_cast<short>(0xD800));
+    for (; i + 8 <= n; i += 8) {
+        const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(v, mask), surrogate)) != 0)
+            return true;
+    }
+#endif
+    for (; i < n; ++i)
+        if ((text[i] & 0xF800) == 0xD800)
+            return true;
+    return false;
 }
 
 bool isHighSurrogate(unsigned short u) { return (u & 0xFC00) == 0xD800; }
@@ -124,13 +172,18 @@ int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACU
     const unsigned char* septets = tables().septets.data();
     unsigned total = 0;
     bool gsm = true;
-    for (unsigned i = 0; i < n; ++i) {
-        const unsigned s = septets[text[i]];
-        if (s == 0) {
-            gsm = false;
-            break;
+    for (unsigned i = 0; i < n && gsm;) {
+        const unsigned plain = plainBlocks(text + i, n - i);
+        total += plain;
+        i += plain;
+        for (const unsigned end = std::min(n, i + 16); i < end; ++i) {
+            const unsigned s = septets[text[i]];
+            if (s == 0) {
+                gsm = false;
+                break;
+            }
+            total += s;
         }
-        total += s;
     }
 
     Segmentation seg{};
@@ -138,8 +191,9 @@ int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACU
         seg = segment(n, total, total == n, 160, 153, [&](unsigned i) { return Item{septets[text[i]], 1}; });
     } else {
         bool pairs = false;
-        for (unsigned i = 0; i + 1 < n && !pairs; ++i)
-            pairs = isHighSurrogate(text[i]) && isLowSurrogate(text[i + 1]);
+        if (containsSurrogate(text, n))
+            for (unsigned i = 0; i + 1 < n && !pairs; ++i)
+                pairs = isHighSurrogate(text[i]) && isLowSurrogate(text[i + 1]);
         total = n;
         seg = segment(n, n, !pairs, 70, 67, [&](unsigned i) {
             return isHighSurrogate(text[i]) && i + 1 < n && isLowSurrogate(text[i + 1]) ? Item{2, 2} : Item{1, 1};
