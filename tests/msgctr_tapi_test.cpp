@@ -58,7 +58,7 @@ TEST_F(MsgctrTapi, ShowPrintsTheFactoryState)
 
 TEST_F(MsgctrTapi, SettingsSurviveAcrossRuns)
 {
-    expectOut(L({"tapi", "smsc", "+4930111"}), QStringLiteral("SMS service centre set to '+4930111'\n"));
+    expectOut(L({"tapi", "smsc", "+4930111"}), QStringLiteral("+4930111\n"));
     expectOut(L({"tapi", "smsc"}), QStringLiteral("+4930111\n"));
     expectOut(L({"tapi", "email-gateway", "1234"}), QStringLiteral("e-mail gateway set to '1234'\n"));
     expectOut(L({"tapi", "email-gateway"}), QStringLiteral("1234\n"));
@@ -114,16 +114,16 @@ TEST_F(MsgctrTapi, FailuresAndBadInput)
 {
     expectError(L({"tapi", "channel-add", "65535"}), 2, QStringLiteral("msgctr: a channel must be a number from 0 to 65534, not '65535'\n"));
     expectError(L({"tapi", "channel-del", "7"}), 1, QStringLiteral("msgctr: TAPI_CB_DeleteChannel failed with result 819 (not found)\n"));
-    expectError(L({"tapi", "smsc", "123456789012345678901234567890123456789012"}), 2,
+    expectError(L({"tapi", "email-gateway", "123456789012345678901234567890123456789012"}), 2,
                 QStringLiteral("msgctr: the number has 42 characters; at most 41 fit\n"));
-    expectError(L({"tapi", "smsc", "\xd0\xb6"}), 2, QString::fromUtf8("msgctr: the number '\xd0\xb6' holds characters outside Latin-1\n"));
+    expectError(L({"tapi", "email-gateway", "\xd0\xb6"}), 2, QString::fromUtf8("msgctr: the number '\xd0\xb6' holds characters outside Latin-1\n"));
     expectError(L({"tapi", "mailbox", "4"}), 2, QStringLiteral("msgctr: the mailbox type must be a number from 0 to 3, not '4'\n"));
     expectError(L({"tapi", "waiting", "0", "maybe"}), 2, QStringLiteral("msgctr: the waiting flag must be on or off, not 'maybe'\n"));
     expectError(L({"tapi", "slots", "9", "1"}), 1, QStringLiteral("msgctr: TAPI_CB_SetLanguage failed with result 22 (invalid argument)\n"));
     expectError(L({"tapi", "show", "x"}), 2, QStringLiteral("msgctr: tapi show takes no arguments\n"));
     expectOut(L({"tapi", "sim-status", "0"}), QStringLiteral("SIM status set to 0\n"));
     expectOut(L({"tapi", "sim-status"}), QStringLiteral("0 (no usable card)\n"));
-    expectError(L({"tapi", "smsc"}), 1, QStringLiteral("msgctr: TAPI_SMS_GetServiceCenter failed with result 509 (no usable SIM card)\n"));
+    expectError(L({"tapi", "email-gateway"}), 1, QStringLiteral("msgctr: TAPI_SMS_GetEmailGateway failed with result 509 (no usable SIM card)\n"));
 }
 
 TEST_F(MsgctrTapi, TextSegments)

@@ -140,12 +140,6 @@ int numberVerb(const QStringList& args, const char* verb, const char* what, int 
     return ExitOk;
 }
 
-int smsc(const QStringList& args)
-{
-    return numberVerb(args, "smsc", "SMS service centre", TAPI_SMS_GetServiceCenter, "TAPI_SMS_GetServiceCenter",
-                      TAPI_SMS_SetServiceCenter, "TAPI_SMS_SetServiceCenter");
-}
-
 int emailGateway(const QStringList& args)
 {
     return numberVerb(args, "email-gateway", "e-mail gateway", TAPI_SMS_GetEmailGateway, "TAPI_SMS_GetEmailGateway",
@@ -443,7 +437,6 @@ int usimRule(const QStringList& args)
 const FamilyRegistration registration(QStringLiteral("tapi"), QStringLiteral("the simulated modem and SIM card (telephony)"),
     {
         {QStringLiteral("show"), QString(), QStringLiteral("print the whole SIM and modem state"), show},
-        {QStringLiteral("smsc"), QStringLiteral("[NUMBER]"), QStringLiteral("get or set the SMS service centre"), smsc},
         {QStringLiteral("email-gateway"), QStringLiteral("[NUMBER]"), QStringLiteral("get or set the e-mail gateway number"), emailGateway},
         {QStringLiteral("sim-status"), QStringLiteral("[STATUS]"), QStringLiteral("get or set the SIM card status (3 SIM ready, 4 USIM ready)"), simStatus},
         {QStringLiteral("service"), QStringLiteral("ID [on|off]"), QStringLiteral("get or set a SIM service (2348 mailbox numbers, 2349 message waiting)"), service},
