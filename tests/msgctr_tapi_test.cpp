@@ -58,6 +58,8 @@ TEST_F(MsgctrTapi, ShowPrintsTheFactoryState)
 
 TEST_F(MsgctrTapi, SettingsSurviveAcrossRuns)
 {
+    expectOut(L({"tapi", "smsc", "+4930111"}), QStringLiteral("+4930111\n"));
+    expectOut(L({"tapi", "smsc"}), QStringLiteral("+4930111\n"));
     expectOut(L({"tapi", "email-gateway", "1234"}), QStringLiteral("e-mail gateway set to '1234'\n"));
     expectOut(L({"tapi", "email-gateway"}), QStringLiteral("1234\n"));
     expectOut(L({"tapi", "cb-state", "1"}), QStringLiteral("cell-broadcast state set to 1\n"));
@@ -89,8 +91,8 @@ TEST_F(MsgctrTapi, SettingsSurviveAcrossRuns)
 
     // This process sees the same SIM.
     char number[TAPI_PHONE_NUMBER_LEN] = {};
-    ASSERT_EQ(TAPI_SMS_GetEmailGateway(number), TAPI_RESULT_SUCC);
-    EXPECT_STREQ(number, "1234");
+    ASSERT_EQ(TAPI_SMS_GetServiceCenter(number), TAPI_RESULT_SUCC);
+    EXPECT_STREQ(number, "+4930111");
     unsigned short name[TAPI_PHONEBOOK_NAME_UNITS] = {};
     ASSERT_EQ(TAPI_MAILBOX_Gsmr4GetEntry(0, number, name), TAPI_RESULT_SUCC);
     EXPECT_EQ(name[0], 'V');

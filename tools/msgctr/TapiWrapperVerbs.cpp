@@ -3,11 +3,40 @@
 
 #include "MSGCTR_ENG_StrUti.h"
 #include "MSGCTR_ENG_TAPI.h"
+#include "MSGCTR_ENG_UTIL_Dbg.h"
 
+#include <QStringList>
+
+#include <cstdio>
+#include <functional>
 #include <limits>
 
 namespace msgctr {
 namespace {
+
+QStringList g_reportLines;
+
+void keepReportLine(const char* line)
+{
+    g_reportLines.append(QString::fromLatin1(line));
+}
+
+// Every wrapped call traces itself; a person wants those lines only when something went wrong, or when
+// asking for them with --trace.
+std::function<int(const QStringList&)> withReports(int (*verb)(const QStringList&))
+{
+    return [verb](const QStringList& args) {
+        QStringList rest = args;
+        const bool trace = rest.removeAll(QStringLiteral("--trace")) > 0;
+        MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(keepReportLine);
+        const int status = verb(rest);
+        if (trace || status != ExitOk) {
+            for (const QString& line : std::as_const(g_reportLines))
+                std::fprintf(stderr, "%s\n", line.toLatin1().constData());
+        }
+        return status;
+    };
+}
 
 QString unitName(unsigned int unit)
 {
@@ -30,6 +59,10 @@ int smsc(const QStringList& args)
     if (args.size() > 1)
         return usageError(QStringLiteral("tapi smsc takes at most one NUMBER (quote it if it holds blanks)"));
     if (args.size() == 1) {
+        for (const QChar c : args.first()) {
+            if (c.unicode() > 0xFF)
+                return usageError(QStringLiteral("the number '%1' holds characters outside Latin-1").arg(args.first()));
+        }
         const MSGCTR_ERRCODE code = MSGCTR_ENG_TAPI::errcodeSetSmsServiceCenterNumber(args.first());
         if (MSGCTR_ERRCODE_IS_ERROR(code))
             return failure(QStringLiteral("the service centre number was not set: error %1").arg(code));
@@ -88,14 +121,16 @@ int gprs(const QStringList& args)
 }
 
 const FamilyRegistration registration(
-    QStringLiteral("tapi"), QStringLiteral("the telephony side: SIM card and modem"),
+    QStringLiteral("tapi"), QString(),
     {
-        {QStringLiteral("smsc"), QStringLiteral("[NUMBER]"),
-         QStringLiteral("print the SMS service centre number, or set it first (cut to 41 characters)"), smsc},
-        {QStringLiteral("vp"), QStringLiteral("SECONDS"),
-         QStringLiteral("the validity period for SECONDS: unit/value pair, octet, seconds the network gets"), vp},
-        {QStringLiteral("gprs"), QStringLiteral("[on|off]"),
-         QStringLiteral("print whether SMS goes over GPRS, or switch it on or off"), gprs},
+        {QStringLiteral("smsc"), QStringLiteral("[NUMBER] [--trace]"),
+         QStringLiteral("print the SMS service centre number, or set it first (cut to 41 characters)"),
+         withReports(smsc)},
+        {QStringLiteral("vp"), QStringLiteral("SECONDS [--trace]"),
+         QStringLiteral("the validity period for SECONDS: unit/value pair, octet, seconds the network gets"),
+         withReports(vp)},
+        {QStringLiteral("gprs"), QStringLiteral("[on|off] [--trace]"),
+         QStringLiteral("print whether SMS goes over GPRS, or switch it on or off"), withReports(gprs)},
     });
 
 } // namespace
