@@ -47,6 +47,16 @@ TEST_F(HostRootTest, TextOf3200CharactersGoesToThePlatform)
     EXPECT_EQ(calculatorCalls(), 1);
 }
 
+TEST_F(HostRootTest, LastOf3200CharactersIsCountedToo)
+{
+    // Only the last character forces UCS-2: cut off, the text would count as 21 GSM segments.
+    int count = -1;
+    EXPECT_TRUE(MSGCTR_ENG_EncodeUti::getEncodePacketNum(&count, QString(3199, QLatin1Char('a')) + QChar(0x4e2d)));
+    EXPECT_EQ(count, 48);
+    EXPECT_EQ(calculatorCalls(), 1);
+    EXPECT_TRUE(reportLines().isEmpty());
+}
+
 TEST_F(HostRootTest, TextOf3201CharactersIsRefusedWithoutCall)
 {
     int count = -1;
@@ -100,6 +110,16 @@ TEST_F(HostRootTest, NumbersOnlyCountTheBareBodyOnce)
                                                                    QString(161, QLatin1Char('a'))));
     EXPECT_EQ(maximum, 2);
     EXPECT_EQ(calculatorCalls(), 2);
+}
+
+TEST_F(HostRootTest, NumbersOnlyCountTheBodyWithoutTheNumbers)
+{
+    // 160 characters fill one segment exactly: any number put in front of them would make two.
+    int maximum = -1;
+    EXPECT_TRUE(MSGCTR_ENG_EncodeUti::getMaxEncodePacketNumForSend(&maximum, QStringLiteral("123;456, +4930"),
+                                                                   QString(), QString(160, QLatin1Char('a'))));
+    EXPECT_EQ(maximum, 1);
+    EXPECT_EQ(calculatorCalls(), 1);
 }
 
 TEST_F(HostRootTest, MaximumIsTakenOverEmailRecipientsOnly)
