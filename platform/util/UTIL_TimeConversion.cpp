@@ -1,12 +1,11 @@
 #include "UTIL_TimeConversion.h"
 
 #include "ZorHostCore.h"
+#include "ZorHostSystemZone.h"
 
 #include <QRegularExpression>
 
-#include <cerrno>
 #include <climits>
-#include <ctime>
 
 namespace {
 
@@ -15,54 +14,35 @@ void countCall(const char* operation)
     ZorHostCore::enter(operation, nullptr);
 }
 
-// mktime without the 32-bit limit; false for an invalid date-time or one the C library cannot place.
-bool localWallClockToSeconds(const QDateTime& localWallClock, qint64* seconds)
-{
-    const QDate date = localWallClock.date();
-    const QTime time = localWallClock.time();
-    if (!date.isValid() || !time.isValid())
-        return false;
-    tm fields = {};
-    fields.tm_year = date.year() - 1900;
-    fields.tm_mon = date.month() - 1;
-    fields.tm_mday = date.day();
-    fields.tm_hour = time.hour();
-    fields.tm_min = time.minute();
-    fields.tm_sec = time.second();
-    fields.tm_isdst = -1;
-    tzset();
-    errno = 0;
-    const time_t t = mktime(&fields);
-    // -1 is also a real time (one second before 1970): only errno tells a failure apart.
-    if (t == static_cast<time_t>(-1) && errno != 0)
-        return false;
-    *seconds = static_cast<qint64>(t);
-    return true;
-}
-
-QDateTime localWallClockFromSeconds(qint64 seconds)
-{
-    const time_t t = static_cast<time_t>(seconds);
-    tm fields = {};
-    tzset();
-    if (!localtime_r(&t, &fields))
-        return QDateTime();
-    return QDateTime(QDate(fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday),
-                     QTime(fields.tm_hour, fields.tm_min, fields.tm_sec));
-}
-
 bool fitsInt(qint64 value)
 {
     return value >= INT_MIN && value <= INT_MAX;
 }
 
+// UTC seconds of a date-time, read by its time spec; false for one that stands for no time at all.
+bool secondsOf(const QDateTime& dateTime, qint64* seconds)
+{
+    if (dateTime.timeSpec() == Qt::LocalTime) {
+        if (!dateTime.date().isValid() || !dateTime.time().isValid())
+            return false;
+        *seconds = ZorHostSystemZone::secondsOfWallClock(dateTime.date(), dateTime.time());
+        return true;
+    }
+    if (!dateTime.isValid())
+        return false;
+    // Whole seconds of the instant, rounded down also before 1970.
+    const qint64 msecs = dateTime.toMSecsSinceEpoch();
+    *seconds = msecs / 1000 - (msecs % 1000 < 0 ? 1 : 0);
+    return true;
+}
+
 } // namespace
 
-int UTIL_TimeConversion::toUTC(const QDateTime& localWallClock)
+int UTIL_TimeConversion::toUTC(const QDateTime& dateTime)
 {
     countCall("UTIL_TimeConversion::toUTC");
     qint64 seconds = 0;
-    if (!localWallClockToSeconds(localWallClock, &seconds) || !fitsInt(seconds))
+    if (!secondsOf(dateTime, &seconds) || !fitsInt(seconds))
         return -1;
     return static_cast<int>(seconds);
 }
@@ -70,7 +50,7 @@ int UTIL_TimeConversion::toUTC(const QDateTime& localWallClock)
 QDateTime UTIL_TimeConversion::fromUTC(int utc)
 {
     countCall("UTIL_TimeConversion::fromUTC");
-    return localWallClockFromSeconds(utc);
+    return QDateTime::fromSecsSinceEpoch(utc, ZorHostSystemZone::zone());
 }
 
 QByteArray UTIL_TimeConversion::toISO8601(const QDate& date)
@@ -83,18 +63,19 @@ QByteArray UTIL_TimeConversion::toISO8601(const QDate& date)
         + QByteArray::number(date.day()).rightJustified(2, '0');
 }
 
-QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& localWallClock)
+QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& dateTime)
 {
     countCall("UTIL_TimeConversion::toISO8601");
     qint64 seconds = 0;
-    if (!localWallClockToSeconds(localWallClock, &seconds))
+    if (!secondsOf(dateTime, &seconds))
         return QByteArray();
-    const time_t t = static_cast<time_t>(seconds);
-    tm utc = {};
-    if (!gmtime_r(&t, &utc) || utc.tm_year + 1900 < 0 || utc.tm_year + 1900 > 9999)
+    const QDateTime utc = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    const QDate date = utc.date();
+    const QTime time = utc.time();
+    if (date.year() < 0 || date.year() > 9999)
         return QByteArray();
-    return QString::asprintf("%04d%02d%02dT%02d%02d%02dZ", utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday,
-                             utc.tm_hour, utc.tm_min, utc.tm_sec)
+    return QString::asprintf("%04d%02d%02dT%02d%02d%02dZ", date.year(), date.month(), date.day(), time.hour(),
+                             time.minute(), time.second())
         .toLatin1();
 }
 
@@ -121,11 +102,9 @@ QDateTime UTIL_TimeConversion::fromISO8601(const QByteArray& text)
 
     const QString zone = m.captured(7);
     if (zone.isEmpty()) {
-        const QDateTime wallClock(date, time);
-        qint64 seconds = 0;
-        if (!localWallClockToSeconds(wallClock, &seconds) || !fitsInt(seconds))
+        if (!fitsInt(ZorHostSystemZone::secondsOfWallClock(date, time)))
             return QDateTime();
-        return QDateTime(date, time);
+        return ZorHostSystemZone::wallClock(date, time);
     }
 
     int offset = 0;
@@ -140,5 +119,5 @@ QDateTime UTIL_TimeConversion::fromISO8601(const QByteArray& text)
     const qint64 utc = QDateTime(date, time, Qt::UTC).toSecsSinceEpoch() - offset;
     if (!fitsInt(utc))
         return QDateTime();
-    return localWallClockFromSeconds(utc);
+    return QDateTime::fromSecsSinceEpoch(utc, ZorHostSystemZone::zone());
 }

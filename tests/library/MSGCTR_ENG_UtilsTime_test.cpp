@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "ScopedTimeZone.h"
 
 #include "MSGCTR_ENG_UtilsTime.h"
 #include "ZorHostControl.h"
@@ -7,8 +8,8 @@
 #include <QRegularExpression>
 #include <QTimeZone>
 
-#include <cstdlib>
 #include <ctime>
+#include <memory>
 
 namespace {
 
@@ -24,16 +25,15 @@ protected:
     {
         HostRootTest::SetUp();
         m_zone = QTimeZone(QByteArray(GetParam()));
-        if (!m_zone.isValid())
-            GTEST_SKIP() << "no zone data for " << GetParam() << " on this machine";
-        setenv("TZ", GetParam(), 1);
-        tzset();
+        ASSERT_TRUE(m_zone.isValid()) << "no zone data for " << GetParam();
+        m_systemZone = std::make_unique<ScopedTimeZone>(GetParam());
     }
 
     // Qt's answer: UTC seconds of a wall clock in the zone.
     qint64 qtUtc(const QDate& date, const QTime& time) const { return QDateTime(date, time, m_zone).toSecsSinceEpoch(); }
 
     QTimeZone m_zone;
+    std::unique_ptr<ScopedTimeZone> m_systemZone;
 };
 
 // Far from every daylight-saving change of the zones below, so the probe's arithmetic holds there.
@@ -207,6 +207,72 @@ TEST_P(UtilsTimeZoneTest, CurrentUtcTimeIsNow)
     const qint64 after = QDateTime::currentSecsSinceEpoch();
     EXPECT_GE(now, before);
     EXPECT_LE(now, after);
+}
+
+// A UTC date and time through the compact ISO 8601 text, in a zone whose wall clock repeats or skips
+// around it: the instant stays the one written. Seconds from the tz database.
+struct UtcDateTimeRow {
+    const char* name;
+    const char* zone;
+    int year, month, day, hour, minute, second;
+    int utc;
+};
+
+const UtcDateTimeRow kUtcDateTimes[] = {
+    {"London_1980_RepeatedHourFirst", "Europe/London", 1980, 10, 26, 1, 0, 0, 341370000},
+    {"London_1980_RepeatedHourSecond", "Europe/London", 1980, 10, 26, 2, 0, 0, 341373600},
+    {"Berlin_1997_RepeatedHourSecond", "Europe/Berlin", 1997, 10, 26, 1, 0, 1, 877827601},
+    {"Berlin_2023_SkippedHour", "Europe/Berlin", 2023, 3, 26, 1, 0, 0, 1679792400},
+    {"NewYork_2023_RepeatedHourSecond", "America/New_York", 2023, 11, 5, 6, 0, 0, 1699164000},
+    {"LordHowe_2023_RepeatedHalfHourSecond", "Australia/Lord_Howe", 2023, 4, 1, 15, 15, 0, 1680362100},
+    {"Chatham_2023_RepeatedHourSecond", "Pacific/Chatham", 2023, 4, 1, 14, 30, 0, 1680359400},
+    {"Casablanca_2023_RepeatedHourSecond", "Africa/Casablanca", 2023, 3, 19, 2, 30, 0, 1679193000},
+};
+
+class UtcDateTimeTest : public HostRootTest, public ::testing::WithParamInterface<UtcDateTimeRow> {
+protected:
+    void SetUp() override
+    {
+        HostRootTest::SetUp();
+        m_systemZone = std::make_unique<ScopedTimeZone>(GetParam().zone);
+    }
+
+    std::unique_ptr<ScopedTimeZone> m_systemZone;
+};
+
+TEST_P(UtcDateTimeTest, KeepsItsInstantThroughIso8601)
+{
+    const UtcDateTimeRow& row = GetParam();
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTCFormatFromUTCDateTime(row.year, row.month, row.day, row.hour, row.minute, row.second),
+              row.utc);
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(MSGCTR_ENG_UtilsTime::fromUTC(row.utc)), row.utc);
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, UtcDateTimeTest, ::testing::ValuesIn(kUtcDateTimes),
+                         [](const ::testing::TestParamInfo<UtcDateTimeRow>& info) { return std::string(info.param.name); });
+
+TEST_F(UtilsTimeTest, RepeatedWallClockIsItsFirstOccurrenceWhateverCameBefore)
+{
+    const ScopedTimeZone berlin("Europe/Berlin");
+    const QDateTime repeated(QDate(1997, 10, 26), QTime(2, 0, 1));
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(repeated), 877824001);
+    MSGCTR_ENG_UtilsTime::toUTC(MSGCTR_ENG_UtilsTime::fromUTC(877827601));
+    MSGCTR_ENG_UtilsTime::toUTC(QDateTime(QDate(1997, 10, 26), QTime(3, 0, 1)));
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(repeated), 877824001);
+}
+
+TEST_F(UtilsTimeTest, SkippedWallClockMovesForwardAlsoWhenTheChangeIsNotDaylightSaving)
+{
+    const ScopedTimeZone berlin("Europe/Berlin");
+    // 1945-05-24: from summer time (+02:00) to double summer time (+03:00), 02:00 to 03:00 skipped.
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(QDateTime(QDate(1945, 5, 24), QTime(2, 59, 59))), -776559601);
+    // 2023-03-26: from +01:00 to +02:00, 02:00 to 03:00 skipped.
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(QDateTime(QDate(2023, 3, 26), QTime(2, 0, 0))), 1679792400);
+    const QDateTime asWritten = MSGCTR_ENG_UtilsTime::fromISO8601("2023-03-26T02:00:00");
+    EXPECT_TRUE(asWritten.isValid());
+    EXPECT_EQ(asWritten.date(), QDate(2023, 3, 26));
+    EXPECT_EQ(asWritten.time(), QTime(2, 0, 0));
+    EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(asWritten), 1679792400);
 }
 
 INSTANTIATE_TEST_SUITE_P(Zones, UtilsTimeZoneTest,
