@@ -3,6 +3,7 @@
 #include "SetupKeyFile.h"
 #include "ZorHostCore.h"
 
+#include <QFile>
 #include <QUrl>
 
 #include <cerrno>
@@ -23,12 +24,15 @@ QString namedStorePath(const QString& name)
 
 } // namespace
 
-SETUP_SET_Manager::SETUP_SET_Manager(AM_Global::Apps app, bool flush) : m_path(appStorePath(app)), m_flush(flush)
+SETUP_SET_Manager::SETUP_SET_Manager(AM_Global::Apps app, bool flush)
+    : m_path(appStorePath(app)), m_encodedPath(QFile::encodeName(m_path)), m_flush(flush),
+      m_seen(std::make_unique<SetupKeyFile::Version>())
 {
 }
 
 SETUP_SET_Manager::SETUP_SET_Manager(const QString& name, bool flush, bool create)
-    : m_path(namedStorePath(name)), m_flush(flush)
+    : m_path(namedStorePath(name)), m_encodedPath(QFile::encodeName(m_path)), m_flush(flush),
+      m_seen(std::make_unique<SetupKeyFile::Version>())
 {
     if (create) {
         const int savedErrno = errno;
@@ -49,10 +53,9 @@ bool SETUP_SET_Manager::lookup(const QString& group, const QString& key, QString
             return true;
         }
     }
-    SetupKeyFile::ContentsPtr contents;
-    if (!SetupKeyFile::load(m_path, &contents))
+    if (!SetupKeyFile::load(m_path, m_encodedPath, m_seen.get()))
         return false;
-    const QString* value = contents->value(group, key);
+    const QString* value = m_seen->contents->value(group, key);
     if (!value)
         return false;
     *raw = *value;

@@ -3,7 +3,7 @@
 // On the host every store is a key file ("[GROUP]" sections of "KEY=value" lines, UTF-8) under the host
 // root: state/setup/apps/<id>.conf for a store opened by application id, state/setup/files/<name>.conf for
 // one opened by name (the name percent-encoded where it is not a plain file name). A missing file is an
-// empty store. Every read-modify-write of a file happens under its cross-process lock and replaces the
+// empty store. Every read-modify-write of a file happens under the store's cross-process lock and replaces the
 // file atomically, so a crash leaves the old or the new file and concurrent writers of different keys
 // never lose each other's values.
 //
@@ -12,9 +12,11 @@
 // Reads see the handle's own unflushed writes, else the file as it is on disk now: a durable write by any
 // handle or process is seen at once (a changed file is noticed by its identity, size and times).
 //
-// A damaged file never stops a reader: lines that are not UTF-8, hold NUL bytes, lack "=" or stand
-// outside a group are skipped, reported once on stderr, and their keys read as missing. The next write
-// of the file leaves them out.
+// Reads take no lock: they see the file's last complete version. A damaged file never stops a reader:
+// lines that are not UTF-8, hold NUL bytes or a CR before their end, lack "=" or stand outside a group are
+// skipped, reported once on stderr, and their keys read as missing. The next write of the file leaves them
+// out. Something that is not a regular file in the file's place (a FIFO, a folder) is reported once and
+// never read: reads yield their defaults, writes answer false with errno ENOTSUP and leave it there.
 //
 // Values are kept verbatim, so a text may hold any character except NUL, CR, LF and unpaired surrogates
 // (isStorableText()). Group and key names must pass isValidName(). Writes refused for either reason
@@ -29,11 +31,17 @@
 
 #include "AM_Global.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 #include <vector>
+
+namespace SetupKeyFile {
+struct Version;
+}
 
 class SETUP_SET_Manager {
 public:
@@ -87,6 +95,9 @@ private:
     bool write(const char* operation, const QString& group, const QString& key, const std::optional<QString>& value);
 
     QString m_path;
+    QByteArray m_encodedPath;
     bool m_flush;
     std::vector<Write> m_pending;
+    // The version of the file this handle read last: revalidated with one stat.
+    std::unique_ptr<SetupKeyFile::Version> m_seen;
 };

@@ -10,49 +10,16 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <memory>
 
 namespace SetupKeyFile {
 namespace {
 
-// Files are replaced by rename, never rewritten in place, so an unchanged identity means unchanged bytes.
-struct Stamp {
-    bool exists = false;
-    dev_t dev = 0;
-    ino_t ino = 0;
-    off_t size = 0;
-    struct timespec mtime = {};
-    struct timespec ctime = {};
-
-    static Stamp of(const struct stat& st)
-    {
-        Stamp s;
-        s.exists = true;
-        s.dev = st.st_dev;
-        s.ino = st.st_ino;
-        s.size = st.st_size;
-        s.mtime = st.st_mtim;
-        s.ctime = st.st_ctim;
-        return s;
-    }
-    bool operator==(const Stamp& o) const
-    {
-        return exists == o.exists && dev == o.dev && ino == o.ino && size == o.size
-            && mtime.tv_sec == o.mtime.tv_sec && mtime.tv_nsec == o.mtime.tv_nsec
-            && ctime.tv_sec == o.ctime.tv_sec && ctime.tv_nsec == o.ctime.tv_nsec;
-    }
-};
-
-struct Cached {
-    Stamp stamp;
-    ContentsPtr contents;
-};
-
+// The last version read of each file, shared by every handle of the process. A file that is not a regular
+// file is remembered (without contents) so that it is reported once, not at every read.
 struct Cache {
     QMutex mutex;
-    QHash<QString, Cached> files;
+    QHash<QString, Version> files;
 };
 
 Cache& cache()
@@ -67,36 +34,26 @@ const ContentsPtr& emptyContents()
     return *empty;
 }
 
-void remember(const QString& path, const Stamp& stamp, const ContentsPtr& contents)
+void remember(const QString& path, const ZorHostCore::FileStamp& stamp, ZorHostCore::FileHold&& hold,
+              const ContentsPtr& contents, Version* version)
 {
+    version->stamp = stamp;
+    version->hold = std::make_shared<ZorHostCore::FileHold>(std::move(hold));
+    version->contents = contents;
     QMutexLocker lock(&cache().mutex);
-    cache().files.insert(path, Cached{stamp, contents});
+    cache().files.insert(path, *version);
 }
 
-bool cached(const QString& path, const Stamp& stamp, ContentsPtr* contents)
+enum class Lookup { Miss, Hit, NotRegular };
+
+Lookup cached(const QString& path, const ZorHostCore::FileStamp& stamp, Version* version)
 {
     QMutexLocker lock(&cache().mutex);
     const auto it = cache().files.constFind(path);
-    if (it == cache().files.constEnd() || !(it->stamp == stamp))
-        return false;
-    *contents = it->contents;
-    return true;
-}
-
-bool readAll(int fd, QByteArray* data)
-{
-    char buf[16384];
-    for (;;) {
-        const ssize_t n = ::read(fd, buf, sizeof buf);
-        if (n < 0) {
-            if (errno == EINTR)
-                continue;
-            return false;
-        }
-        if (n == 0)
-            return true;
-        data->append(buf, n);
-    }
+    if (it == cache().files.constEnd() || it->stamp != stamp)
+        return Lookup::Miss;
+    *version = *it;
+    return it->contents ? Lookup::Hit : Lookup::NotRegular;
 }
 
 bool hasUnpairedSurrogate(const QString& text)
@@ -201,10 +158,16 @@ Contents Contents::parse(const QByteArray& data, const QString& path)
     const QList<QByteArray> lines = data.split('\n');
     for (int i = 0; i < lines.size(); ++i) {
         QByteArray raw = lines.at(i);
-        if (raw.endsWith('\r'))
+        // Line ends of CR LF, even doubled by a careless conversion, are line ends; any other CR is a byte the
+        // writer never writes, so keeping it would make the next rewrite change the value.
+        while (raw.endsWith('\r'))
             raw.chop(1);
         if (raw.contains('\0')) {
             reportDamage(path, i + 1, "binary bytes");
+            continue;
+        }
+        if (raw.contains('\r')) {
+            reportDamage(path, i + 1, "CR inside the line");
             continue;
         }
         QString line = decoder.decode(raw);
@@ -252,38 +215,71 @@ Contents Contents::parse(const QByteArray& data, const QString& path)
     return contents;
 }
 
+namespace {
+
+// A file in the store's place that is not a regular file (a FIFO, a folder, a device) is never opened for a
+// blocking read; it reads as failed with this errno.
+constexpr int kNotRegularErrno = ENOTSUP;
+
+// Reads `path` unless *seen is still its current version; *exists tells whether there is a file at all.
+bool loadVersion(const QString& path, const QByteArray& encodedPath, Version* seen, bool* exists)
+{
+    ZorHostCore::FileStamp stamp;
+    if (!ZorHostCore::FileStamp::of(encodedPath, &stamp))
+        return false;
+    *exists = stamp.exists;
+    if (!stamp.exists) {
+        *seen = Version{stamp, nullptr, emptyContents()};
+        return true;
+    }
+    Lookup known = seen->stamp == stamp ? (seen->contents ? Lookup::Hit : Lookup::NotRegular) : Lookup::Miss;
+    if (known == Lookup::Miss)
+        known = cached(path, stamp, seen);
+    if (known == Lookup::NotRegular)
+        errno = kNotRegularErrno;
+    if (known != Lookup::Miss)
+        return known == Lookup::Hit;
+
+    const ZorHostCore::StateFile file(path);
+    QByteArray data;
+    ZorHostCore::FileHold hold;
+    switch (file.read(&data, &stamp, &hold)) {
+    case ZorHostCore::StateFile::ReadResult::Failed:
+        return false;
+    case ZorHostCore::StateFile::ReadResult::Absent:
+        *exists = false;
+        *seen = Version{ZorHostCore::FileStamp(), nullptr, emptyContents()};
+        return true;
+    case ZorHostCore::StateFile::ReadResult::NotRegular:
+        std::fprintf(stderr, "SETUP_SET_Manager: %s is not a regular file; it is not read and not replaced\n",
+                     encodedPath.constData());
+        remember(path, stamp, std::move(hold), nullptr, seen);
+        errno = kNotRegularErrno;
+        return false;
+    case ZorHostCore::StateFile::ReadResult::Read:
+        break;
+    }
+    *exists = true;
+    if (cached(path, stamp, seen) == Lookup::Hit)
+        return true;
+    remember(path, stamp, std::move(hold), std::make_shared<const Contents>(Contents::parse(data, path)), seen);
+    return true;
+}
+
+} // namespace
+
+bool load(const QString& path, const QByteArray& encodedPath, Version* seen)
+{
+    bool exists = false;
+    return loadVersion(path, encodedPath, seen, &exists);
+}
+
 bool load(const QString& path, ContentsPtr* contents)
 {
-    const QByteArray name = QFile::encodeName(path);
-    struct stat st;
-    if (::stat(name.constData(), &st) != 0) {
-        if (errno != ENOENT)
-            return false;
-        *contents = emptyContents();
-        return true;
-    }
-    if (cached(path, Stamp::of(st), contents))
-        return true;
-    const int fd = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) {
-        if (errno != ENOENT)
-            return false;
-        *contents = emptyContents();
-        return true;
-    }
-    QByteArray data;
-    if (::fstat(fd, &st) != 0 || !readAll(fd, &data)) {
-        const int err = errno;
-        ::close(fd);
-        errno = err;
+    Version version;
+    if (!load(path, QFile::encodeName(path), &version))
         return false;
-    }
-    ::close(fd);
-    const Stamp stamp = Stamp::of(st);
-    if (cached(path, stamp, contents))
-        return true;
-    *contents = std::make_shared<const Contents>(Contents::parse(data, path));
-    remember(path, stamp, *contents);
+    *contents = version.contents;
     return true;
 }
 
@@ -295,24 +291,22 @@ bool update(const QString& path, const std::function<void(Contents&)>& change, c
         ZorHostCore::StateFile file(path);
         errno = 0;
         ZorHostCore::StateFileLocker locker(file);
+        Version current;
+        bool existed = false;
         if (!locker.locked()) {
             err = errno ? errno : EAGAIN;
+        } else if (!loadVersion(path, file.encodedPath(), &current, &existed)) {
+            err = errno;
         } else {
-            ContentsPtr current;
-            const bool existed = QFile::exists(path);
-            if (!load(path, &current)) {
+            auto next = std::make_shared<Contents>(existed ? *current.contents : factory);
+            change(*next);
+            ZorHostCore::FileStamp stamp;
+            ZorHostCore::FileHold hold;
+            if (!file.write(next->serialize(), &stamp, &hold)) {
                 err = errno;
             } else {
-                auto next = std::make_shared<Contents>(existed ? *current : factory);
-                change(*next);
-                if (!file.write(next->serialize())) {
-                    err = errno;
-                } else {
-                    struct stat st;
-                    if (::stat(QFile::encodeName(path).constData(), &st) == 0)
-                        remember(path, Stamp::of(st), next);
-                    ok = true;
-                }
+                remember(path, stamp, std::move(hold), next, &current);
+                ok = true;
             }
         }
     }

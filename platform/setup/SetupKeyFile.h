@@ -2,6 +2,8 @@
 // version of the file and shared by every handle of the process.
 #pragma once
 
+#include "ZorHostStateFile.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -37,12 +39,25 @@ private:
 
 using ContentsPtr = std::shared_ptr<const Contents>;
 
-// The file as it is on disk now (an absent file reads as empty contents); the parse is reused while the
-// file's identity (inode, size, times) is unchanged. False with errno set when the file cannot be read.
+// The file as it is on disk now (an absent file reads as empty contents), read without a lock: writers
+// replace it atomically. The parse is reused while one stat shows the same file (inode, size, times). False
+// with errno set when the file cannot be read; a file that is not a regular file (a FIFO, a folder) is
+// reported once on stderr, never opened for a blocking read, and fails with ENOTSUP.
 bool load(const QString& path, ContentsPtr* contents);
 
-// Read-modify-write under the file's cross-process lock, replacing the file atomically. `factory` stands
-// for an absent file. False with errno set on failure; the file is then unchanged.
+// One version of a file as a reader saw it: a reader that keeps it revalidates it with one stat and no
+// look-up. The hold keeps the stamp meaningful while the version is kept.
+struct Version {
+    ZorHostCore::FileStamp stamp;
+    std::shared_ptr<ZorHostCore::FileHold> hold;
+    ContentsPtr contents;
+};
+// As load(), starting from the version *seen (of the same path) and leaving the current one there.
+bool load(const QString& path, const QByteArray& encodedPath, Version* seen);
+
+// Read-modify-write under the writers' cross-process lock, replacing the file atomically. `factory` stands
+// for an absent file. False with errno set on failure (ENOTSUP for a file that is not a regular file, which
+// is left as it is); the file is then unchanged.
 bool update(const QString& path, const std::function<void(Contents&)>& change, const Contents& factory = Contents());
 
 // Group and key names: not empty, no "[", "]", "=", CR, LF or NUL, no blank at either end, not starting

@@ -9,6 +9,7 @@
 #include <QMutexLocker>
 
 #include <atomic>
+#include <memory>
 #include <cstdio>
 
 namespace ZorTapi {
@@ -17,13 +18,20 @@ namespace {
 const char kHeader[] = "# Simulated modem and SIM of libzortapi (change it with msgctr tapi ...)\n";
 const char kFormatLine[] = "format = 1";
 
-// Parsing the same bytes again would give the same state; the cache is dropped on a host reset.
+// The parse of the file's current version, shared by every call of the process until the file changes. A
+// call that only reads sees it without taking the writers' lock; the hold keeps the stamp meaningful.
+struct Version {
+    ZorHostCore::FileStamp stamp;
+    ZorHostCore::FileHold hold;
+    QByteArray text; // null when there is no file
+    std::shared_ptr<State> state;
+};
+
 struct Cache {
     QMutex mutex;
     QString path;
-    QByteArray text;
-    State state;
     bool valid = false;
+    Version version;
 };
 
 Cache& cache()
@@ -38,7 +46,7 @@ void dropCache()
 {
     QMutexLocker lock(&cache().mutex);
     cache().valid = false;
-    cache().text.clear();
+    cache().version = Version();
     g_cbListsNullWithCount = -1;
 }
 
@@ -375,58 +383,108 @@ bool parse(const QByteArray& text, State* state, QString* reason)
     return true;
 }
 
+namespace {
+
+// The cached version when its stamp is still the file's.
+bool cachedVersion(const QString& path, const ZorHostCore::FileStamp& now, std::shared_ptr<State>* state,
+                   QByteArray* text)
+{
+    QMutexLocker lock(&cache().mutex);
+    if (!cache().valid || cache().path != path || cache().version.stamp != now)
+        return false;
+    *state = cache().version.state;
+    *text = cache().version.text;
+    return true;
+}
+
+void remember(const QString& path, Version&& version)
+{
+    QMutexLocker lock(&cache().mutex);
+    cache().path = path;
+    cache().version = std::move(version);
+    cache().valid = true;
+}
+
+enum class Load { Loaded, Damaged, Failed };
+
+// The state as the file holds it now. A damaged file is replaced by the factory state only when `repair`
+// is set (the caller then holds the writers' lock); otherwise the answer is Damaged.
+Load load(ZorHostCore::StateFile& file, bool repair, std::shared_ptr<State>* state, QByteArray* text)
+{
+    ZorHostCore::FileStamp now;
+    if (!ZorHostCore::FileStamp::of(file.encodedPath(), &now))
+        return Load::Failed;
+    if (cachedVersion(file.path(), now, state, text))
+        return Load::Loaded;
+
+    Version version;
+    switch (file.read(&version.text, &version.stamp, &version.hold)) {
+    case ZorHostCore::StateFile::ReadResult::Failed:
+        return Load::Failed;
+    case ZorHostCore::StateFile::ReadResult::NotRegular:
+        std::fprintf(stderr, "zortapi: state file %s is not a regular file; it is left alone and not read\n",
+                     file.encodedPath().constData());
+        std::fflush(stderr);
+        return Load::Failed;
+    case ZorHostCore::StateFile::ReadResult::Absent:
+        version.state = std::make_shared<State>();
+        break;
+    case ZorHostCore::StateFile::ReadResult::Read: {
+        version.state = std::make_shared<State>();
+        QString reason;
+        if (parse(version.text, version.state.get(), &reason))
+            break;
+        if (!repair)
+            return Load::Damaged;
+        std::fprintf(stderr, "zortapi: damaged state file %s (%s); the factory state replaces it\n",
+                     file.encodedPath().constData(), qPrintable(reason));
+        std::fflush(stderr);
+        *version.state = State();
+        version.text = serialize(*version.state);
+        if (!file.write(version.text, &version.stamp, &version.hold))
+            return Load::Failed;
+        break;
+    }
+    }
+    *state = version.state;
+    *text = version.text;
+    remember(file.path(), std::move(version));
+    return Load::Loaded;
+}
+
+} // namespace
+
 int withState(bool modify, const std::function<int(State&)>& fn)
 {
-    const QString path = statePath();
-    ZorHostCore::StateFile file(path);
+    ZorHostCore::StateFile file(statePath());
+    std::shared_ptr<State> state;
+    QByteArray text;
+    if (!modify) {
+        // Writers replace the file atomically, so a reader sees a whole old or new version without the lock.
+        const Load loaded = load(file, false, &state, &text);
+        if (loaded == Load::Failed)
+            return TAPI_RESULT_IO_ERROR;
+        if (loaded == Load::Loaded)
+            return fn(*state);
+    }
+
     ZorHostCore::StateFileLocker locker(file);
-    if (!locker.locked())
+    if (!locker.locked() || load(file, true, &state, &text) != Load::Loaded)
         return TAPI_RESULT_IO_ERROR;
-    bool readOk = true;
-    QByteArray onDisk = file.read(&readOk);
-    if (!readOk)
-        return TAPI_RESULT_IO_ERROR;
-
-    State state;
-    if (!onDisk.isNull()) {
-        bool cached = false;
-        {
-            QMutexLocker lock(&cache().mutex);
-            if (cache().valid && cache().path == path && cache().text == onDisk) {
-                state = cache().state;
-                cached = true;
-            }
-        }
-        QString reason;
-        if (!cached && !parse(onDisk, &state, &reason)) {
-            std::fprintf(stderr, "zortapi: damaged state file %s (%s); the factory state replaces it\n",
-                         qPrintable(path), qPrintable(reason));
-            std::fflush(stderr);
-            state = State();
-            onDisk = serialize(state);
-            if (!file.write(onDisk))
-                return TAPI_RESULT_IO_ERROR;
-        }
-    }
-
-    State changed = state;
+    if (!modify)
+        return fn(*state);
+    State changed = *state;
     const int result = fn(changed);
-    if (result == TAPI_RESULT_SUCC && modify) {
-        const QByteArray text = serialize(changed);
-        if (text != onDisk) {
-            if (!file.write(text))
-                return TAPI_RESULT_IO_ERROR;
-            onDisk = text;
-            state = changed;
-        }
-    }
-    if (!onDisk.isNull()) {
-        QMutexLocker lock(&cache().mutex);
-        cache().path = path;
-        cache().text = onDisk;
-        cache().state = state;
-        cache().valid = true;
-    }
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    Version version;
+    version.text = serialize(changed);
+    if (version.text == text)
+        return result;
+    if (!file.write(version.text, &version.stamp, &version.hold))
+        return TAPI_RESULT_IO_ERROR;
+    version.state = std::make_shared<State>(std::move(changed));
+    remember(file.path(), std::move(version));
     return result;
 }
 

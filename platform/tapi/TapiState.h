@@ -47,9 +47,12 @@ QByteArray serialize(const State& state);
 // False with a reason when the text is not a valid state; *state is then of no use.
 bool parse(const QByteArray& text, State* state, QString* reason);
 
-// Runs fn on the stored state under the cross-process lock. When fn returns TAPI_RESULT_SUCC and `modify` is
-// set, the changed state is written back. A damaged file is reported on stderr and replaced by the factory
-// state before fn runs. Returns fn's result, or TAPI_RESULT_IO_ERROR when the state cannot be had or kept.
+// Runs fn on the stored state. A call that only reads (`modify` false) takes no lock: it sees the parse of
+// the file's current version, cached for the process and shared, so fn must leave the state as it is. A call
+// with `modify` set runs under the writers' cross-process lock on a copy, which is written back when fn
+// returns TAPI_RESULT_SUCC and changed it. A damaged file is reported on stderr and replaced (under the
+// lock) by the factory state before fn runs; a file that is not a regular file is reported and never read.
+// Returns fn's result, or TAPI_RESULT_IO_ERROR when the state cannot be had or kept.
 int withState(bool modify, const std::function<int(State&)>& fn);
 
 // Process-local test hook of the two cell-broadcast list calls (-1: off).

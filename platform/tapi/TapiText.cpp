@@ -4,7 +4,6 @@
 
 #include "TapiEntry.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -67,29 +66,34 @@ const Tables& tables()
     return t;
 }
 
-// Long texts are mostly plain ASCII letters, digits and punctuation: those are checked 16 units at a time.
-// Returns how many leading units (whole blocks of 16) take one septet each.
-unsigned plainBlocks(const unsigned short* text, unsigned n)
+constexpr unsigned kBlock = 16;
+
+// Texts are mostly printable ASCII: such a block of 16 units is counted at once. Returns the septets the 16
+// units at `text` take when each is printable ASCII other than '`' (one septet, two for the extension
+// characters [\\]^{|}~) or LF or CR; 0 when the block needs the table.
+unsigned blockSeptets(const unsigned short* text)
 {
-    unsigned i = 0;
 #if defined(__SSE2__)
+    // Packing saturates every unit above 0xFF to 0xFF, which no test below accepts.
+    const __m128i bytes = _mm_packus_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text)),
+                                           _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + 8)));
     const __m128i zero = _mm_setzero_si128();
-    for (; i + 16 <= n; i += 16) {
-        // Packing saturates every unit above 0xFF (or, as signed, below 0) out of both ranges.
-        const __m128i bytes = _mm_packus_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i)),
-                                               _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i + 8)));
-        // 0x20..0x5A and 0x61..0x7A: one septet each; the rest ('`', [\]^_{|}~, controls) is left to the table.
-        const __m128i low = _mm_subs_epu8(_mm_sub_epi8(bytes, _mm_set1_epi8(0x20)), _mm_set1_epi8(0x5A - 0x20));
-        const __m128i high = _mm_subs_epu8(_mm_sub_epi8(bytes, _mm_set1_epi8(0x61)), _mm_set1_epi8(0x7A - 0x61));
-        const __m128i plain = _mm_or_si128(_mm_cmpeq_epi8(low, zero), _mm_cmpeq_epi8(high, zero));
-        if (_mm_movemask_epi8(plain) != 0xFFFF)
-            break;
-    }
+    const auto within = [&](char low, char span) {
+        return _mm_cmpeq_epi8(_mm_subs_epu8(_mm_sub_epi8(bytes, _mm_set1_epi8(low)), _mm_set1_epi8(span)), zero);
+    };
+    const __m128i printable = _mm_andnot_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(0x60)), within(0x20, 0x7E - 0x20));
+    const __m128i lineEnd = _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(0x0A)), _mm_cmpeq_epi8(bytes, _mm_set1_epi8(0x0D)));
+    if (_mm_movemask_epi8(_mm_or_si128(printable, lineEnd)) != 0xFFFF)
+        return 0;
+    // One per extension character, summed by halves.
+    const __m128i extension = _mm_and_si128(_mm_or_si128(within(0x5B, 0x5E - 0x5B), within(0x7B, 0x7E - 0x7B)),
+                                            _mm_set1_epi8(1));
+    const __m128i halves = _mm_sad_epu8(extension, zero);
+    return kBlock + unsigned(_mm_cvtsi128_si32(halves)) + unsigned(_mm_extract_epi16(halves, 4));
 #else
     (void)text;
-    (void)n;
+    return 0;
 #endif
-    return i;
 }
 
 bool containsSurrogate(const unsigned short* text, unsigned n)
@@ -119,34 +123,99 @@ struct Segmentation {
     unsigned lastUsed;
 };
 
-struct Item {
-    unsigned size;    // units of the segment it takes
-    unsigned advance; // units of the text it spans
-};
+constexpr unsigned kGsmSingle = 160;
+constexpr unsigned kGsmConcat = 153;
+constexpr unsigned kUcs2Single = 70;
+constexpr unsigned kUcs2Concat = 67;
 
-// `total` units of text in segments of `single` units, or of `concat` units once concatenated. Unless
-// every item is one unit (`uniform`), items are walked so that no two-unit item is split.
-template <typename NextItem>
-Segmentation segment(unsigned n, unsigned total, bool uniform, unsigned single, unsigned concat, NextItem next)
+// `total` units in segments of `single` units, or of `concat` units once concatenated, when every item of
+// the text is one unit.
+Segmentation uniformSegments(unsigned total, unsigned single, unsigned concat)
 {
     if (total <= single)
         return {1, single, total};
-    if (uniform) {
-        const unsigned segments = (total + concat - 1) / concat;
-        return {segments, concat, total - (segments - 1) * concat};
+    const unsigned segments = (total + concat - 1) / concat;
+    return {segments, concat, total - (segments - 1) * concat};
+}
+
+// The septets of `count` units by the table; false when one of them has no GSM code.
+bool tableSeptets(const unsigned char* septets, const unsigned short* text, unsigned count, unsigned* sum)
+{
+    unsigned total = 0;
+    for (unsigned i = 0; i < count; ++i) {
+        const unsigned s = septets[text[i]];
+        if (s == 0)
+            return false;
+        total += s;
     }
+    *sum = total;
+    return true;
+}
+
+// GSM text with escaped characters, which never straddle two segments. A whole block that fits in the
+// current segment is taken at once; in the block where a segment ends only the units before the end are
+// walked, and the rest of the block (at most 32 septets) opens the next segment.
+Segmentation gsmSegments(const unsigned short* text, unsigned n, unsigned total, const unsigned char* septets,
+                         const unsigned short* blockTotals)
+{
+    if (total <= kGsmSingle)
+        return {1, kGsmSingle, total};
     unsigned segments = 1;
     unsigned used = 0;
-    for (unsigned i = 0; i < n;) {
-        const Item item = next(i);
-        if (used + item.size > concat) {
+    const unsigned blocks = n / kBlock;
+    for (unsigned b = 0; b < blocks; ++b) {
+        const unsigned blockTotal = blockTotals[b];
+        if (used + blockTotal <= kGsmConcat) {
+            used += blockTotal;
+            continue;
+        }
+        const unsigned short* unit = text + b * kBlock;
+        unsigned taken = 0;
+        for (unsigned s = septets[*unit]; used + s <= kGsmConcat; s = septets[*++unit]) {
+            used += s;
+            taken += s;
+        }
+        ++segments;
+        used = blockTotal - taken;
+    }
+    for (unsigned i = blocks * kBlock; i < n; ++i) {
+        const unsigned s = septets[text[i]];
+        if (used + s > kGsmConcat) {
             ++segments;
             used = 0;
         }
-        used += item.size;
-        i += item.advance;
+        used += s;
     }
-    return {segments, concat, used};
+    return {segments, kGsmConcat, used};
+}
+
+// UCS-2 text with surrogate pairs, which never straddle two segments.
+Segmentation pairedUcs2Segments(const unsigned short* text, unsigned n)
+{
+    if (n <= kUcs2Single)
+        return {1, kUcs2Single, n};
+    unsigned segments = 1;
+    unsigned used = 0;
+    for (unsigned i = 0; i < n;) {
+        const unsigned size = isHighSurrogate(text[i]) && i + 1 < n && isLowSurrogate(text[i + 1]) ? 2 : 1;
+        if (used + size > kUcs2Concat) {
+            ++segments;
+            used = 0;
+        }
+        used += size;
+        i += size;
+    }
+    return {segments, kUcs2Concat, used};
+}
+
+bool hasSurrogatePair(const unsigned short* text, unsigned n)
+{
+    if (!containsSurrogate(text, n))
+        return false;
+    for (unsigned i = 0; i + 1 < n; ++i)
+        if (isHighSurrogate(text[i]) && isLowSurrogate(text[i + 1]))
+            return true;
+    return false;
 }
 
 void put16(unsigned char* at, unsigned value)
@@ -168,34 +237,31 @@ int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACU
     const unsigned short* text = request->text;
     const unsigned n = request->length;
     const unsigned char* septets = tables().septets.data();
+    unsigned short blockTotals[TAPI_SMS_CACULATE_MAX_UNITS / kBlock + 1];
     unsigned total = 0;
     bool gsm = true;
-    for (unsigned i = 0; i < n && gsm;) {
-        const unsigned plain = plainBlocks(text + i, n - i);
-        total += plain;
-        i += plain;
-        for (const unsigned end = std::min(n, i + 16); i < end; ++i) {
-            const unsigned s = septets[text[i]];
-            if (s == 0) {
-                gsm = false;
-                break;
-            }
-            total += s;
+    unsigned i = 0;
+    for (; i + kBlock <= n; i += kBlock) {
+        unsigned sum = blockSeptets(text + i);
+        if (sum == 0 && !tableSeptets(septets, text + i, kBlock, &sum)) {
+            gsm = false;
+            break;
         }
+        blockTotals[i / kBlock] = static_cast<unsigned short>(sum);
+        total += sum;
     }
+    unsigned tail = 0;
+    if (gsm && !tableSeptets(septets, text + i, n - i, &tail))
+        gsm = false;
+    total += tail;
 
     Segmentation seg{};
     if (gsm) {
-        seg = segment(n, total, total == n, 160, 153, [&](unsigned i) { return Item{septets[text[i]], 1}; });
+        seg = total == n ? uniformSegments(n, kGsmSingle, kGsmConcat)
+                         : gsmSegments(text, n, total, septets, blockTotals);
     } else {
-        bool pairs = false;
-        if (containsSurrogate(text, n))
-            for (unsigned i = 0; i + 1 < n && !pairs; ++i)
-                pairs = isHighSurrogate(text[i]) && isLowSurrogate(text[i + 1]);
         total = n;
-        seg = segment(n, n, !pairs, 70, 67, [&](unsigned i) {
-            return isHighSurrogate(text[i]) && i + 1 < n && isLowSurrogate(text[i + 1]) ? Item{2, 2} : Item{1, 1};
-        });
+        seg = hasSurrogatePair(text, n) ? pairedUcs2Segments(text, n) : uniformSegments(n, kUcs2Single, kUcs2Concat);
     }
 
     unsigned char bytes[16] = {};

@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+#include <cstring>
+
 static_assert(sizeof(TAPI_SMS_CACULATE_SM_RESULT_S) == 16, "segment-count result record is 16 bytes");
 static_assert(MSGCTR_ENG_EncodeUti::MAX_CALCULATED_TEXT_LENGTH == TAPI_SMS_CACULATE_MAX_UNITS,
               "the calculator's buffer holds the longest text plus its terminating zero");
@@ -56,6 +58,45 @@ Candidate enclosedForm(const QString& text, const QString& open, const QString& 
     return c;
 }
 
+// Appends `text` to the request's buffer at *length.
+void append(TAPI_SMS_CACULATE_SM_REQ_S* request, qsizetype* length, const QString& text)
+{
+    std::memcpy(request->text + *length, text.utf16(), size_t(text.size()) * sizeof(unsigned short));
+    *length += text.size();
+}
+
+// The segment count of the e-mail-over-SMS text of one address, written straight into the calculator's
+// request as subEncodeEmailOverSms4EmailAddr formats it: the text itself is never built. The re-decoding
+// check of encodeEmailOverSms4EmailAddr is left out as it changes nothing.
+bool countFormatted(int* count, const QString& emailAddress, const QString& subject, const QString& body)
+{
+    *count = MSGCTR_ENG_EncodeUti::INVALID_PACKET_NUM;
+    const bool hasAddress = !emailAddress.isEmpty();
+    const bool hasSubject = !subject.isEmpty();
+    const qsizetype total = emailAddress.size() + (hasSubject ? subject.size() + 2 : 0)
+                            + (hasAddress && !hasSubject ? 1 : 0) + body.size();
+    if (total > MSGCTR_ENG_EncodeUti::MAX_CALCULATED_TEXT_LENGTH)
+        return false;
+    TAPI_SMS_CACULATE_SM_REQ_S request;
+    qsizetype length = 0;
+    append(&request, &length, emailAddress);
+    if (hasSubject) {
+        request.text[length++] = u'(';
+        append(&request, &length, subject);
+        request.text[length++] = u')';
+    } else if (hasAddress) {
+        request.text[length++] = u' ';
+    }
+    append(&request, &length, body);
+    request.text[length] = 0;
+    request.length = static_cast<unsigned short>(length);
+    TAPI_SMS_CACULATE_SM_RESULT_S result;
+    if (TAPI_SMS_CaculateSm(&request, &result) != TAPI_RESULT_SUCC)
+        return false;
+    *count = reinterpret_cast<const unsigned char*>(&result)[kSegmentCountOffset];
+    return true;
+}
+
 } // namespace
 
 MSGCTR_ENG_EncodeUti_EmailOverSmsInfo_S::MSGCTR_ENG_EncodeUti_EmailOverSmsInfo_S() = default;
@@ -98,9 +139,8 @@ bool MSGCTR_ENG_EncodeUti::getEncodePacketNumForSend(int* count, const QString& 
 {
     QString numbers;
     QString emailAddresses;
-    QString text;
-    encodeEmailOverSms4SingleAddress(&numbers, &emailAddresses, &text, addressList, subject, body);
-    return getEncodePacketNum(count, text);
+    MSGCTR_ENG_EmsAddressList::segregateEmsNumberTypeFromOtherAddrType(&numbers, &emailAddresses, addressList);
+    return countFormatted(count, emailAddresses, subject, body);
 }
 
 bool MSGCTR_ENG_EncodeUti::getMaxEncodePacketNumForSend(int* maximum, const QString& addressList,
@@ -117,8 +157,10 @@ bool MSGCTR_ENG_EncodeUti::getMaxEncodePacketNumForSend(int* maximum, const QStr
     *maximum = INVALID_PACKET_NUM;
     bool first = true;
     for (const QString& address : others) {
+        // Each address is already one normalised non-number entry, so splitting it again as
+        // getEncodePacketNumForSend does would give it back unchanged.
         int count = INVALID_PACKET_NUM;
-        if (!getEncodePacketNumForSend(&count, address, subject, body)) {
+        if (!countFormatted(&count, address, subject, body)) {
             *maximum = INVALID_PACKET_NUM;
             return false;
         }

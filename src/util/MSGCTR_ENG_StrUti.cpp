@@ -14,9 +14,8 @@ int copyU16(unsigned short* buffer, int capacity, const QString& text, bool trun
 {
     (void)truncateWarning;
     const int n = std::min(capacity - 1, int(text.length()));
-    const QChar* units = text.constData();
-    for (int i = 0; i < n; ++i)
-        buffer[i] = units[i].unicode();
+    if (n > 0)
+        std::memcpy(buffer, text.utf16(), size_t(n) * sizeof(unsigned short));
     buffer[MSGCTR_ENG_RetZeroOnNegative(n)] = 0;
     return n;
 }

@@ -1,8 +1,11 @@
 #include "HostRootTest.h"
 
 #include "MSGCTR_ENG_EncodeUti.h"
+#include "MSGCTR_ENG_EmsAddressList.h"
 
 #include "ZorHostControl.h"
+
+#include <QStringList>
 
 #include <random>
 
@@ -406,6 +409,72 @@ TEST_F(HostRootTest, DecodeGivesBackWhatWasEncoded)
         ASSERT_EQ(s, subject) << qPrintable(text);
         ASSERT_EQ(b, body) << qPrintable(text);
     }
+}
+
+// The counts for sending are taken without building each recipient's text; this is the way they were
+// first computed, through the encoder and the plain count, which they must match on every input.
+bool referenceCountForSend(int* count, const QString& addressList, const QString& subject, const QString& body)
+{
+    QString numbers;
+    QString emailAddresses;
+    QString text;
+    MSGCTR_ENG_EncodeUti::encodeEmailOverSms4SingleAddress(&numbers, &emailAddresses, &text, addressList, subject,
+                                                           body);
+    return MSGCTR_ENG_EncodeUti::getEncodePacketNum(count, text);
+}
+
+bool referenceMaximumForSend(int* maximum, const QString& addressList, const QString& subject, const QString& body)
+{
+    QStringList numbers;
+    QStringList others;
+    MSGCTR_ENG_EmsAddressList::segregateEmsNumberTypeFromOtherAddrType(&numbers, &others, addressList);
+    if (others.isEmpty())
+        others.append(QLatin1String(""));
+    *maximum = 255;
+    bool first = true;
+    for (const QString& address : others) {
+        int count = 255;
+        if (!referenceCountForSend(&count, address, subject, body)) {
+            *maximum = 255;
+            return false;
+        }
+        if (first || count > *maximum)
+            *maximum = count;
+        first = false;
+    }
+    return true;
+}
+
+TEST_F(HostRootTest, CountsForSendMatchTheEncodedTextsOverAGeneratedCorpus)
+{
+    std::mt19937 rng(20261123);
+    // Separators, blanks of every kind, numbers, e-mail addresses, markers, extension and non-GSM characters.
+    const QString addressAlphabet = QStringLiteral("ab@.x1+5;, \t\u00a0\u3000#(");
+    const QString textAlphabet = QStringLiteral("ab (x)#\u20ac[\u0436 .1");
+    std::uniform_int_distribution<int> lengthDist(0, 3300);
+    int counted = 0;
+    int failed = 0;
+    for (int round = 0; round < 1500; ++round) {
+        const QString addressList = randomText(rng, addressAlphabet, 40);
+        const QString subject = randomText(rng, textAlphabet, round % 3 == 0 ? 0 : 12);
+        QString body = randomText(rng, textAlphabet, 30);
+        if (round % 4 == 0)
+            body += QString(lengthDist(rng), QLatin1Char(round % 8 == 0 ? 'e' : '{'));
+        int expected = -1;
+        int got = -2;
+        const bool expectedOk = referenceCountForSend(&expected, addressList, subject, body);
+        ASSERT_EQ(MSGCTR_ENG_EncodeUti::getEncodePacketNumForSend(&got, addressList, subject, body), expectedOk)
+            << qPrintable(addressList);
+        ASSERT_EQ(got, expected) << qPrintable(addressList);
+        const bool expectedMaxOk = referenceMaximumForSend(&expected, addressList, subject, body);
+        ASSERT_EQ(MSGCTR_ENG_EncodeUti::getMaxEncodePacketNumForSend(&got, addressList, subject, body), expectedMaxOk)
+            << qPrintable(addressList);
+        ASSERT_EQ(got, expected) << qPrintable(addressList);
+        (expectedMaxOk ? counted : failed) += 1;
+    }
+    // Both outcomes are reached: counts, and texts too long to count.
+    EXPECT_GT(counted, 1000);
+    EXPECT_GT(failed, 20);
 }
 
 } // namespace

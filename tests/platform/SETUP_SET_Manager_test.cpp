@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -772,6 +773,113 @@ TEST_F(SetupSetManagerTest, FullDiskFailsTheWriteWithEnospc)
     if (result == CannotMount)
         GTEST_SKIP() << "no user namespace with a tmpfs mount here; the full disk is covered by fault injection";
     EXPECT_EQ(result, Passed);
+}
+
+TEST_F(SetupSetManagerTest, DoubledCarriageReturnEndsTheLineAndLeavesNoCrInTheValue)
+{
+    const QString path = storeFile();
+    writeBytes(path, QByteArray("[G]\r\r\nKEY=value\r\r\nNEXT=2\r\n"));
+    ::testing::internal::CaptureStderr();
+    SETUP_SET_Manager store(AM_Global::APP_MESSAGING, true);
+    QString text;
+    EXPECT_TRUE(store.getString(QStringLiteral("G"), QStringLiteral("KEY"), &text, QString(), false));
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), std::string());
+    EXPECT_EQ(text, QStringLiteral("value"));
+    EXPECT_TRUE(SETUP_SET_Manager::isStorableText(text));
+    // What was read is what the next rewrite keeps.
+    ASSERT_TRUE(store.setInt(QStringLiteral("G"), QStringLiteral("NEXT"), 3));
+    EXPECT_EQ(fileBytes(path), QByteArray("[G]\nKEY=value\nNEXT=3\n"));
+}
+
+TEST_F(SetupSetManagerTest, CarriageReturnInsideALineIsSkippedAndReported)
+{
+    const QString path = storeFile();
+    writeBytes(path, QByteArray("[G]\nKEY=a\rb\nGOOD=1\n"));
+    ::testing::internal::CaptureStderr();
+    SETUP_SET_Manager store(AM_Global::APP_MESSAGING, false);
+    QString text;
+    EXPECT_FALSE(store.getString(QStringLiteral("G"), QStringLiteral("KEY"), &text, QStringLiteral("d"), false));
+    EXPECT_EQ(QString::fromStdString(::testing::internal::GetCapturedStderr()),
+              QStringLiteral("SETUP_SET_Manager: %1 line 2 skipped: CR inside the line\n").arg(path));
+    EXPECT_EQ(text, QStringLiteral("d"));
+    EXPECT_EQ(store.keys(QStringLiteral("G")), QStringList{QStringLiteral("GOOD")});
+}
+
+// Runs `body` in a forked child that is killed if it has not finished within the time given: a read that
+// blocks fails the test instead of hanging it.
+template <typename Body>
+int inChildWithin(unsigned seconds, Body body)
+{
+    return inChild([&]() -> int {
+        ::alarm(seconds);
+        return body();
+    });
+}
+
+TEST_F(SetupSetManagerTest, FifoInPlaceOfTheFileIsRefusedAtOnceAndLeftAlone)
+{
+    const QString path = storeFile();
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0644), 0);
+    const int result = inChildWithin(20, [&]() -> int {
+        ::testing::internal::CaptureStderr();
+        SETUP_SET_Manager store(AM_Global::APP_MESSAGING, true);
+        int value = 0;
+        if (store.getInt(kGroup, QStringLiteral("K"), &value, 17) || value != 17)
+            return 10;
+        if (store.getInt(kGroup, QStringLiteral("K"), &value, 18) || value != 18)
+            return 11;
+        errno = 0;
+        if (store.setInt(kGroup, QStringLiteral("K"), 1) || errno != ENOTSUP)
+            return 12;
+        // Reported once, however often the file is met.
+        const QString reported = QString::fromStdString(::testing::internal::GetCapturedStderr());
+        return reported == QStringLiteral("SETUP_SET_Manager: %1 is not a regular file; it is not read and not replaced\n").arg(path)
+            ? 0 : 13;
+    });
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(QFileInfo(path).isFile());
+    EXPECT_TRUE(QFileInfo(path).exists());
+}
+
+TEST_F(SetupSetManagerTest, ReadsTakeNoLockFile)
+{
+    const QString path = storeFile();
+    writeBytes(path, QByteArray("[G]\nK=1\n"));
+    SETUP_SET_Manager store(AM_Global::APP_MESSAGING, false);
+    int value = 0;
+    EXPECT_TRUE(store.getInt(QStringLiteral("G"), QStringLiteral("K"), &value, 0));
+    EXPECT_EQ(value, 1);
+    EXPECT_EQ(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files), QStringList{QFileInfo(path).fileName()});
+}
+
+TEST_F(SetupSetManagerTest, WritersLeaveOneLongLivedLockFile)
+{
+    SETUP_SET_Manager store(AM_Global::APP_MESSAGING, true);
+    ASSERT_TRUE(store.setInt(QStringLiteral("G"), QStringLiteral("K"), 1));
+    ASSERT_TRUE(store.setInt(QStringLiteral("G"), QStringLiteral("K"), 2));
+    const QFileInfo file(store.fileName());
+    EXPECT_EQ(QDir(file.absolutePath()).entryList(QDir::Files),
+              (QStringList{file.fileName(), file.fileName() + QStringLiteral(".lock")}));
+}
+
+// Another writer replacing the file between two reads, with a file of the same size and as fast as it
+// can (the same clock tick), is seen by the very next read.
+TEST_F(SetupSetManagerTest, ReplacementOfTheSameSizeIsSeenAtOnce)
+{
+    SETUP_SET_Manager store(AM_Global::APP_MESSAGING, true);
+    ASSERT_TRUE(store.setInt(QStringLiteral("G"), QStringLiteral("K"), 10));
+    for (int round = 0; round < 40; ++round) {
+        const int expected = 10 + (round + 1) % 2;
+        const int pid = inChild([&]() -> int {
+            SETUP_SET_Manager other(AM_Global::APP_MESSAGING, true);
+            return other.setInt(QStringLiteral("G"), QStringLiteral("K"), expected) ? 0 : 1;
+        });
+        ASSERT_EQ(pid, 0);
+        int value = 0;
+        ASSERT_TRUE(store.getInt(QStringLiteral("G"), QStringLiteral("K"), &value, 0));
+        ASSERT_EQ(value, expected) << "round " << round;
+    }
 }
 
 } // namespace

@@ -6,7 +6,9 @@
 
 #include <cstring>
 #include <memory>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -155,6 +157,123 @@ TEST_F(ZorTapiSmsSegmentsRecord, InjectedFaultChangesNothing)
     EXPECT_EQ(failed.record.segmentCount, 0xEE);
     EXPECT_EQ(calculate(u"abc").result, TAPI_RESULT_SUCC);
     EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_CaculateSm")), 2);
+}
+
+// The counter is tuned (blocks of 16 units at a time, segments stepped over whole blocks); this is the plain
+// walk it must agree with, unit by unit, on every byte of the result. The septets of a unit come from the
+// platform's GSM converter, a separate path from the counter's own tables.
+struct Reference {
+    bool gsm;
+    unsigned perSegment;
+    unsigned segments;
+    unsigned total;
+    unsigned lastUsed;
+};
+
+Reference referenceCount(const std::u16string& text)
+{
+    std::vector<unsigned> sizes;
+    bool gsm = true;
+    for (char16_t unit : text) {
+        const unsigned short in[1] = {unit};
+        unsigned char out[2];
+        const unsigned short written = TAPI_UTIL_ConvertUcs2StringToGsmString(in, 1, out, 2);
+        if (written == TAPI_UTIL_NOT_GSM || (unit == 0 && written == 0)) {
+            gsm = false;
+            break;
+        }
+        sizes.push_back(written);
+    }
+    if (!gsm) {
+        sizes.clear();
+        for (size_t i = 0; i < text.size(); ++i) {
+            const bool pair = text[i] >= 0xD800 && text[i] < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00
+                              && text[i + 1] < 0xE000;
+            sizes.push_back(pair ? 2 : 1);
+            i += pair ? 1 : 0;
+        }
+    }
+    const unsigned single = gsm ? 160 : 70;
+    const unsigned concat = gsm ? 153 : 67;
+    unsigned total = 0;
+    for (unsigned size : sizes)
+        total += size;
+    if (total <= single)
+        return {gsm, single, 1, total, total};
+    unsigned segments = 1;
+    unsigned used = 0;
+    for (unsigned size : sizes) {
+        if (used + size > concat) {
+            ++segments;
+            used = 0;
+        }
+        used += size;
+    }
+    return {gsm, concat, segments, total, used};
+}
+
+// Texts of every length up to the maximum, drawn from pools that reach every path of the counter: plain
+// ASCII, the extension characters, the rest of the GSM alphabet, non-GSM units, pairs and lone surrogates.
+std::vector<std::u16string> generatedCorpus()
+{
+    const std::u16string plain = u"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789 .,;:!?'\"()-+*/=<>@$#%&_";
+    const std::u16string extension = u"[]{}\\^~|\u20AC\u000C";
+    const std::u16string gsmOther = u"\n\r\u00E9\u00E8\u00C7\u00A3\u00A5\u0394\u03A6\u00DF\u00C4\u00F1\u00A7\u00BF\u00A1\u00E0";
+    const std::u16string nonGsm = u"`\u0436\u00E2\u4E2D\u0001\u007F\u00FF\u0100";
+    std::mt19937 random(20261123);
+    std::vector<std::u16string> corpus;
+    for (int round = 0; round < 1200; ++round) {
+        const unsigned length = round < 400 ? unsigned(round) : unsigned(random() % (TAPI_SMS_CACULATE_MAX_UNITS + 1));
+        // Per text, how often each pool is drawn from (per mille).
+        const unsigned extensionRate = random() % 4 == 0 ? 0 : random() % 200;
+        const unsigned otherRate = random() % 3 == 0 ? 0 : random() % 100;
+        const unsigned foreignRate = random() % 2 == 0 ? 0 : random() % 3;
+        const unsigned surrogateRate = random() % 2 == 0 ? 0 : random() % 20;
+        std::u16string text;
+        while (text.size() < length) {
+            const unsigned pick = random() % 1000;
+            if (pick < surrogateRate) {
+                const unsigned kind = random() % 3;
+                if (kind == 0 && text.size() + 2 <= length)
+                    text += u"\U0001F600";
+                else
+                    text += char16_t(kind == 1 ? 0xD83D : 0xDE00);
+            } else if (pick < surrogateRate + foreignRate) {
+                text += nonGsm[random() % nonGsm.size()];
+            } else if (pick < surrogateRate + foreignRate + otherRate) {
+                text += gsmOther[random() % gsmOther.size()];
+            } else if (pick < surrogateRate + foreignRate + otherRate + extensionRate) {
+                text += extension[random() % extension.size()];
+            } else {
+                text += plain[random() % plain.size()];
+            }
+        }
+        corpus.push_back(text);
+    }
+    return corpus;
+}
+
+TEST_F(ZorTapiSmsSegmentsRecord, AgreesWithThePlainWalkOverAGeneratedCorpus)
+{
+    int gsmTexts = 0;
+    int escapedTexts = 0;
+    for (const std::u16string& text : generatedCorpus()) {
+        const Reference expected = referenceCount(text);
+        const Calc got = calculate(text);
+        ASSERT_EQ(got.result, TAPI_RESULT_SUCC);
+        const std::string what = "text of " + std::to_string(text.size()) + " units";
+        ASSERT_EQ(got.record.encodeType, expected.gsm ? TAPI_SMS_ENCODE_GSM7BIT : TAPI_SMS_ENCODE_UCS2) << what;
+        ASSERT_EQ(got.record.segmentCount, expected.segments) << what;
+        ASSERT_EQ(got.record.unitsPerSegment, expected.perSegment) << what;
+        ASSERT_EQ(got.record.unitsUsed, expected.total) << what;
+        ASSERT_EQ(got.record.unitsInLastSegment, expected.lastUsed) << what;
+        ASSERT_EQ(got.record.unitsLeftInLastSegment, expected.perSegment - expected.lastUsed) << what;
+        gsmTexts += expected.gsm ? 1 : 0;
+        escapedTexts += expected.gsm && expected.total > text.size() && expected.segments > 1 ? 1 : 0;
+    }
+    // The corpus reaches both encodings and the escaped multi-segment walk.
+    EXPECT_GT(gsmTexts, 200);
+    EXPECT_GT(escapedTexts, 100);
 }
 
 } // namespace

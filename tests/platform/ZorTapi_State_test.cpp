@@ -12,6 +12,12 @@
 #include <QProcessEnvironment>
 
 #include <cstdio>
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
@@ -271,6 +277,124 @@ TEST_F(ZorTapiState, EmptyFileIsDamaged)
     f.close();
     EXPECT_EQ(serviceCentre(), "+12065550100");
     EXPECT_EQ(ZorHost::tapiStateText(), kFactoryText);
+}
+
+TEST_F(ZorTapiState, ReadsTakeNoLockFile)
+{
+    const QString path = stateFilePath(root());
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(kFactoryText.toLatin1());
+    f.close();
+    EXPECT_EQ(serviceCentre(), "+12065550100");
+    EXPECT_EQ(channelList(), std::vector<unsigned short>{});
+    EXPECT_EQ(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files), QStringList{QStringLiteral("tapi.state")});
+}
+
+TEST_F(ZorTapiState, WritersLeaveOneLongLivedLockFile)
+{
+    ASSERT_EQ(TAPI_SMS_SetServiceCenter("+1"), TAPI_RESULT_SUCC);
+    ASSERT_EQ(TAPI_SMS_SetServiceCenter("+2"), TAPI_RESULT_SUCC);
+    EXPECT_EQ(QDir(QFileInfo(stateFilePath(root())).absolutePath()).entryList(QDir::Files),
+              (QStringList{QStringLiteral("tapi.state"), QStringLiteral("tapi.state.lock")}));
+}
+
+// Another process replacing the file between two reads, with a file of the same size, is seen by the next
+// read however close together the two come.
+TEST_F(ZorTapiState, ReplacementOfTheSameSizeIsSeenAtOnce)
+{
+    ASSERT_EQ(TAPI_SMS_SetServiceCenter("+4710"), TAPI_RESULT_SUCC);
+    for (int round = 0; round < 40; ++round) {
+        const std::string expected = round % 2 ? "+4710" : "+4711";
+        const pid_t pid = ::fork();
+        if (pid == 0)
+            ::_exit(TAPI_SMS_SetServiceCenter(expected.c_str()) == TAPI_RESULT_SUCC ? 0 : 1);
+        int status = -1;
+        ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+        ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+        ASSERT_EQ(serviceCentre(), expected) << "round " << round;
+    }
+}
+
+// Reads and writes in a forked child that is killed when a call blocks.
+template <typename Body>
+int inChildWithin(unsigned seconds, Body body)
+{
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        ::alarm(seconds);
+        ::_exit(body());
+    }
+    int status = 0;
+    if (pid < 0 || ::waitpid(pid, &status, 0) != pid)
+        return -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(ZorTapiState, FifoInPlaceOfTheStateFileIsRefusedAtOnceAndLeftAlone)
+{
+    const QString path = stateFilePath(root());
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0644), 0);
+    const int result = inChildWithin(20, [&]() -> int {
+        ::testing::internal::CaptureStderr();
+        char buffer[TAPI_PHONE_NUMBER_LEN] = {};
+        if (TAPI_SMS_GetServiceCenter(buffer) != TAPI_RESULT_IO_ERROR)
+            return 10;
+        if (TAPI_SMS_SetServiceCenter("+1") != TAPI_RESULT_IO_ERROR)
+            return 11;
+        const QString line = QStringLiteral("zortapi: state file %1 is not a regular file; it is left alone and "
+                                            "not read\n").arg(path);
+        return QString::fromStdString(::testing::internal::GetCapturedStderr()) == line + line ? 0 : 12;
+    });
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(QFileInfo(path).isFile());
+    EXPECT_TRUE(QFileInfo(path).exists());
+}
+
+// A read on a full file system: a tiny tmpfs mounted in a user namespace of a child process.
+TEST_F(ZorTapiState, ReadsWorkOnAFullDisk)
+{
+    const QString mountPoint = root() + QStringLiteral("/tiny");
+    ASSERT_TRUE(QDir().mkpath(mountPoint));
+    enum { Passed = 0, CannotMount = 10 };
+    const int result = inChildWithin(60, [&]() -> int {
+        const uid_t uid = ::getuid();
+        const gid_t gid = ::getgid();
+        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+            return CannotMount;
+        const auto put = [](const char* file, const QByteArray& text) {
+            QFile f(QString::fromLatin1(file));
+            return f.open(QIODevice::WriteOnly) && f.write(text) == text.size();
+        };
+        put("/proc/self/setgroups", "deny");
+        if (!put("/proc/self/uid_map", "0 " + QByteArray::number(uid) + " 1")
+            || !put("/proc/self/gid_map", "0 " + QByteArray::number(gid) + " 1"))
+            return CannotMount;
+        if (::mount("tmpfs", QFile::encodeName(mountPoint).constData(), "tmpfs", 0, "size=64k") != 0)
+            return CannotMount;
+        ZorHost::setRoot(mountPoint);
+        // Written by hand, so that this process has nothing cached and no lock file exists yet.
+        QString text = kFactoryText;
+        text.replace(QStringLiteral("\"6245\""), QStringLiteral("\"6246\""));
+        const QString path = stateFilePath(mountPoint);
+        if (!QDir().mkpath(QFileInfo(path).absolutePath()) || !put(QFile::encodeName(path).constData(), text.toLatin1()))
+            return 20;
+        const QByteArray filler = QFile::encodeName(mountPoint + QStringLiteral("/filler"));
+        const int fd = ::open(filler.constData(), O_WRONLY | O_CREAT, 0644);
+        const QByteArray page(4096, 'f');
+        while (::write(fd, page.constData(), size_t(page.size())) > 0) {
+        }
+        ::close(fd);
+        char number[TAPI_PHONE_NUMBER_LEN] = {};
+        if (TAPI_SMS_GetEmailGateway(number) != TAPI_RESULT_SUCC)
+            return 21;
+        return std::string(number) == "6246" ? Passed : 22;
+    });
+    if (result == CannotMount)
+        GTEST_SKIP() << "no user namespace with a tmpfs mount here";
+    EXPECT_EQ(result, Passed);
 }
 
 // Every TAPI_* function: an injected fault is returned, the call is counted and nothing changes.

@@ -4,9 +4,13 @@
 #include "MSGCTR_ENG_SetupInfo.h"
 #include "ZorHostControl.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -201,6 +205,28 @@ TEST_F(MsgctrSettingsTest, FullDiskFailsWithItsMessage)
     EXPECT_EQ(child.exitCode(), 1) << err.toStdString();
     EXPECT_EQ(err, QStringLiteral("msgctr: cannot set GROUP_MSGCTR_SMS EMAIL_GATEWAY: the disk is full (result 10019)\n"));
     EXPECT_EQ(QString::fromLocal8Bit(child.readAllStandardOutput()), QString());
+}
+
+// A FIFO in place of the store's file: reads answer at once with the defaults, writes are refused, and the
+// FIFO stays.
+TEST_F(MsgctrSettingsTest, FifoInPlaceOfTheStoreFileIsReportedNotWaitedOn)
+{
+    const QString path = SETUP_SET_Manager(AM_Global::APP_MESSAGING, true).fileName();
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(path).absolutePath()));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0644), 0);
+    const QString report = QStringLiteral("SETUP_SET_Manager: %1 is not a regular file; it is not read and not "
+                                          "replaced\n").arg(path);
+    MsgctrResult r = run({QStringLiteral("get"), QStringLiteral("GROUP_MSGCTR_SMS"), QStringLiteral("MAX_SMS_VALUE")});
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("10\n"));
+    EXPECT_EQ(r.err, report);
+    r = run({QStringLiteral("set"), QStringLiteral("GROUP_MSGCTR_SMS"), QStringLiteral("MAX_SMS_VALUE"), QStringLiteral("3")});
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_EQ(r.out, QString());
+    EXPECT_EQ(r.err, report + QStringLiteral("msgctr: cannot set GROUP_MSGCTR_SMS MAX_SMS_VALUE: the store refused the "
+                                             "write (result 10018)\n"));
+    EXPECT_FALSE(QFileInfo(path).isFile());
+    EXPECT_TRUE(QFileInfo(path).exists());
 }
 
 } // namespace

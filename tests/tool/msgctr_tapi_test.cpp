@@ -3,7 +3,12 @@
 #include "TAPI.h"
 #include "ZorHostTapiControl.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -137,6 +142,24 @@ TEST_F(MsgctrTapi, TextSegments)
     expectError({QStringLiteral("text"), QStringLiteral("segments"), QString(3201, QLatin1Char('a'))}, 1,
                 QStringLiteral("msgctr: the text has 3201 UTF-16 units; at most 3200 can be counted\n"));
     expectError(L({"text", "segments"}), 2, QStringLiteral("msgctr: text segments takes one TEXT (quote it if it holds blanks)\n"));
+}
+
+// A FIFO in place of the state file: the verbs answer at once with the simulator's report and leave it there.
+TEST_F(MsgctrTapi, FifoInPlaceOfTheStateFileFailsAtOnce)
+{
+    const QString path = root() + QStringLiteral("/state/tapi/tapi.state");
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(path).absolutePath()));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0644), 0);
+    const QString report = QStringLiteral("zortapi: state file %1 is not a regular file; it is left alone and not read\n")
+                               .arg(path);
+    expectError({QStringLiteral("tapi"), QStringLiteral("email-gateway")}, 1,
+                report + QStringLiteral("msgctr: TAPI_SMS_GetEmailGateway failed with result 5 (the modem's storage "
+                                        "could not be read or written)\n"));
+    expectError({QStringLiteral("tapi"), QStringLiteral("email-gateway"), QStringLiteral("1234")}, 1,
+                report + QStringLiteral("msgctr: TAPI_SMS_SetEmailGateway failed with result 5 (the modem's storage "
+                                        "could not be read or written)\n"));
+    EXPECT_FALSE(QFileInfo(path).isFile());
+    EXPECT_TRUE(QFileInfo(path).exists());
 }
 
 } // namespace
