@@ -74,3 +74,6 @@ private:
 };
 
 using PDmtTree = DMSmartPtr<DmtTree>;
+
+// Users of a tree hold its nodes too: the node type must be complete wherever a PDmtNode goes away.
+#include "DmtNode.h"
