@@ -9,7 +9,11 @@
 
 #include <sqlite3.h>
 
+#include <sys/stat.h>
+
 #include <cstdio>
+#include <mutex>
+#include <vector>
 
 namespace {
 
@@ -135,6 +139,30 @@ DmtData columnValue(sqlite3_stmt* statement, int typeColumn)
     return DmtData();
 }
 
+// Idle connections of this process: opening SQLite and recovering its WAL for every subtree would cost
+// more than the work done through it. A factory reset drops them with the files.
+struct IdlePool {
+    std::mutex mutex;
+    std::vector<std::unique_ptr<DmStore>> stores;
+};
+
+IdlePool& idlePool()
+{
+    static IdlePool* pool = new IdlePool; // lives for the process: trees may be released at exit
+    return *pool;
+}
+
+void dropIdle()
+{
+    std::vector<std::unique_ptr<DmStore>> dropped;
+    std::lock_guard<std::mutex> lock(idlePool().mutex);
+    dropped.swap(idlePool().stores);
+}
+
+const bool g_resetRegistered = (ZorHostCore::registerReset("dm", dropIdle), true);
+
+constexpr std::size_t kMaxIdle = 4;
+
 // Resets a cached statement when the call using it returns.
 struct StatementUse {
     sqlite3_stmt* statement;
@@ -162,11 +190,43 @@ DmStore::~DmStore()
         sqlite3_close_v2(m_db);
 }
 
+bool DmStore::sameFile(const QByteArray& path, unsigned long long device, unsigned long long inode)
+{
+    struct stat info {};
+    return ::stat(path.constData(), &info) == 0 && info.st_dev == device && info.st_ino == inode;
+}
+
+void DmStore::release(std::unique_ptr<DmStore> store)
+{
+    if (!store || !store->m_db || store->inTransaction())
+        return;
+    std::lock_guard<std::mutex> lock(idlePool().mutex);
+    if (idlePool().stores.size() < kMaxIdle)
+        idlePool().stores.push_back(std::move(store));
+}
+
 int DmStore::open(std::unique_ptr<DmStore>* store)
 {
+    (void)g_resetRegistered;
+    const QString path = databasePath();
+    const QByteArray file = QFile::encodeName(path);
+    {
+        std::vector<std::unique_ptr<DmStore>> stale;
+        std::lock_guard<std::mutex> lock(idlePool().mutex);
+        auto& idle = idlePool().stores;
+        while (!idle.empty()) {
+            std::unique_ptr<DmStore> candidate = std::move(idle.back());
+            idle.pop_back();
+            if (candidate->m_file == file && sameFile(file, candidate->m_device, candidate->m_inode)) {
+                *store = std::move(candidate);
+                return DMT_RESULT_SUCCESS;
+            }
+            stale.push_back(std::move(candidate));
+        }
+    }
     std::unique_ptr<DmStore> s(new DmStore);
-    s->m_path = databasePath();
-    const QByteArray file = QFile::encodeName(s->m_path);
+    s->m_path = path;
+    s->m_file = file;
     const int rc = sqlite3_open_v2(file.constData(), &s->m_db,
                                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (rc != SQLITE_OK) {
@@ -175,8 +235,15 @@ int DmStore::open(std::unique_ptr<DmStore>* store)
     }
     sqlite3_extended_result_codes(s->m_db, 0);
     sqlite3_busy_timeout(s->m_db, kBusyTimeoutMs);
+    // Checkpoints happen as the WAL grows, not at every close.
+    sqlite3_db_config(s->m_db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     if (const int result = s->provision(); result != DMT_RESULT_SUCCESS)
         return result;
+    struct stat info {};
+    if (::stat(file.constData(), &info) == 0) {
+        s->m_device = info.st_dev;
+        s->m_inode = info.st_ino;
+    }
     *store = std::move(s);
     return DMT_RESULT_SUCCESS;
 }

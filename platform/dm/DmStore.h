@@ -23,8 +23,11 @@ public:
 
     static QString databasePath();
 
-    // Opens the database, creating and provisioning it on first use. A DM result.
+    // Opens the database, creating and provisioning it on first use, or takes back an idle connection to
+    // the same file. A DM result.
     static int open(std::unique_ptr<DmStore>* store);
+    // Keeps a healthy connection with no open transaction for the next open(); others are closed.
+    static void release(std::unique_ptr<DmStore> store);
 
     // BEGIN IMMEDIATE, COMMIT, SAVEPOINT and the like.
     int exec(const char* sql);
@@ -52,7 +55,13 @@ private:
     void closeDamaged(const char* reason);
     int provision();
 
+    // The file's identity when it was opened: a connection is reused only while the path still names it.
+    static bool sameFile(const QByteArray& path, unsigned long long device, unsigned long long inode);
+
     sqlite3* m_db = nullptr;
     QString m_path;
+    QByteArray m_file;
+    unsigned long long m_device = 0;
+    unsigned long long m_inode = 0;
     std::array<sqlite3_stmt*, StatementCount> m_statements{};
 };

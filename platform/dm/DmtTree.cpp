@@ -33,6 +33,7 @@ DmtTree::~DmtTree()
         m_store->exec("ROLLBACK");
     else if (m_pendingWrites && m_store->exec("COMMIT") != DMT_RESULT_SUCCESS && m_store->inTransaction())
         m_store->exec("ROLLBACK");
+    DmStore::release(std::move(m_store));
 }
 
 bool DmtTree::wellFormed(const std::string& relative)

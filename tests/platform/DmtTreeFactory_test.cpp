@@ -11,7 +11,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
+#include <sqlite3.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -49,7 +56,8 @@ protected:
     QStringList damagedFiles() const
     {
         return QDir(QFileInfo(ZorHostDm::databasePath()).absolutePath())
-            .entryList(QStringList{QStringLiteral("dmtree.sqlite.damaged-*")}, QDir::Files);
+            .entryList(QStringList{QStringLiteral("dmtree.sqlite.damaged-*")}, QDir::Files)
+            .filter(QRegularExpression(QStringLiteral("-[0-9TZ]+$")));
     }
 };
 
@@ -192,7 +200,19 @@ class DmtTreeFactoryDamageTest : public DmtTreeFactoryTest, public ::testing::Wi
 TEST_P(DmtTreeFactoryDamageTest, DamagedDatabaseFailsOnceIsKeptAsideAndReplaced)
 {
     const QString path = ZorHostDm::databasePath();
-    EXPECT_EQ(stringAt("./DevDetail/Ext/Conf/Msg/SMS/Default"), "");
+    // Another process made the database; this one holds no connection to it when it is damaged.
+    const pid_t pid = fork();
+    ASSERT_NE(pid, -1);
+    if (pid == 0)
+        _exit(stringAt("./DevDetail/Ext/Conf/Msg/SMS/Default").empty() ? 0 : 1);
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    // Everything into the main file, so that cutting it cuts the tree.
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(db, "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
     QFile::remove(path + QStringLiteral("-wal"));
     QFile::remove(path + QStringLiteral("-shm"));
     QByteArray damaged;
