@@ -10,6 +10,7 @@
 #include <sqlite3.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <mutex>
@@ -217,16 +218,21 @@ int DmStore::open(std::unique_ptr<DmStore>* store)
         while (!idle.empty()) {
             std::unique_ptr<DmStore> candidate = std::move(idle.back());
             idle.pop_back();
-            if (candidate->m_file == file && sameFile(file, candidate->m_device, candidate->m_inode)) {
+            if (candidate->m_process == long(::getpid()) && candidate->m_file == file
+                && sameFile(file, candidate->m_device, candidate->m_inode)) {
                 *store = std::move(candidate);
                 return DMT_RESULT_SUCCESS;
             }
-            stale.push_back(std::move(candidate));
+            if (candidate->m_process == long(::getpid()))
+                stale.push_back(std::move(candidate));
+            else
+                candidate.release(); // a parent's connection: closing it here could drop the parent's locks
         }
     }
     std::unique_ptr<DmStore> s(new DmStore);
     s->m_path = path;
     s->m_file = file;
+    s->m_process = long(::getpid());
     const int rc = sqlite3_open_v2(file.constData(), &s->m_db,
                                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (rc != SQLITE_OK) {

@@ -63,5 +63,6 @@ private:
     QByteArray m_file;
     unsigned long long m_device = 0;
     unsigned long long m_inode = 0;
+    long m_process = 0; // a forked child never uses its parent's connections
     std::array<sqlite3_stmt*, StatementCount> m_statements{};
 };

@@ -386,17 +386,24 @@ TEST_F(MSGCTR_ENG_GeneralProfileApiTest, ProfileAddedByOneProcessIsListedByAnoth
 TEST_F(MSGCTR_ENG_GeneralProfileApiTest, WriterKilledMidAddLeavesEachProfileWholeOrAbsent)
 {
     for (int round = 0; round < 5; ++round) {
+        int ready[2];
+        ASSERT_EQ(pipe(ready), 0);
         const pid_t pid = fork();
         ASSERT_NE(pid, -1);
         if (pid == 0) {
             MSGCTR_ENG_MMS_Gpa engine;
             const Record record = sampleRecord();
-            for (;;) {
+            for (bool told = false;;) {
                 QString id;
-                engine.addProfile(&id, &record);
+                if (engine.addProfile(&id, &record) == 0 && !told)
+                    told = write(ready[1], "+", 1) == 1;
             }
         }
-        usleep(useconds_t(20000 + 15000 * round));
+        close(ready[1]);
+        char byte = 0;
+        ASSERT_EQ(read(ready[0], &byte, 1), 1); // killed only once it has added a profile
+        close(ready[0]);
+        usleep(useconds_t(3000 + 4000 * round));
         ASSERT_EQ(kill(pid, SIGKILL), 0);
         int status = 0;
         ASSERT_EQ(waitpid(pid, &status, 0), pid);
