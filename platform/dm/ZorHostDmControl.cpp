@@ -1,0 +1,12 @@
+#include "ZorHostDmControl.h"
+
+#include "DmStore.h"
+
+namespace ZorHostDm {
+
+QString databasePath()
+{
+    return DmStore::databasePath();
+}
+
+} // namespace ZorHostDm

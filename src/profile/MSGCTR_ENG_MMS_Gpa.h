@@ -1,0 +1,10 @@
+// The profile engine bound to MMS profiles: their tree paths, and the conversions between
+// MSGCTR_ENG_MMSProfileApi's records and the leaves of a profile node.
+#pragma once
+
+#include "MSGCTR_ENG_GeneralProfileApi.h"
+
+class MSGCTR_ENG_MMS_Gpa : public MSGCTR_ENG_GeneralProfileApi {
+public:
+    MSGCTR_ENG_MMS_Gpa();
+};
