@@ -3,6 +3,7 @@
 // same key of the same 60-key file in the same run. The counter "vs_qsettings" is the time of the read
 // divided by the time of the QSettings read: below 1 is faster.
 #include "MSGCTR_ENG_SetupInfo.h"
+#include "settings/SetupInfoKey.h"
 #include "SETUP_SET_Manager_Compose_NOT_Flush.h"
 #include "ZorHostControl.h"
 
@@ -33,8 +34,8 @@ public:
         ZorHost::resetAll();
         MSGCTR_ENG_Setup store(MSGCTR_ENG_Setup::MSGCTR_APP_ID, MSGCTR_ENG_Setup::FLUSH_MODE__NOT_FLUSH);
         int written = 0;
-        for (const MSGCTR_ENG_SetupInfo::KEY_S& key : MSGCTR_ENG_SetupInfo::keyTable()) {
-            MSGCTR_ENG_SetupInfo::writeKey(store, key, key.defaultValue);
+        for (const SetupInfoKey& key : SetupInfoKey::table()) {
+            key.write(store, key.defaultValue);
             ++written;
         }
         for (; written < 60; ++written)

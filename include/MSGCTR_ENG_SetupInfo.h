@@ -8,10 +8,8 @@
 #include "MSGCTR_ERRCODE.h"
 #include "msgctr_export.h"
 
-#include <QList>
 #include <QString>
 #include <QStringList>
-#include <QVariant>
 
 #include <vector>
 
@@ -34,31 +32,6 @@ public:
         PUSH_SL_SECURITY_DENY = 2,
     };
 
-    // How a key's value is encoded in the store (see MSGCTR_ENG_Setup).
-    enum VALUE_TYPE_E {
-        VALUE_TYPE__INT,
-        VALUE_TYPE__UINT,
-        VALUE_TYPE__BOOL,
-        VALUE_TYPE__TEXT,       // the store's text; "[", "]", CR, LF and "=" refused
-        VALUE_TYPE__ANY_TEXT,   // any text, data-stream encoded
-        VALUE_TYPE__TEXT_LIST,  // data-stream encoded
-        VALUE_TYPE__INT_LIST,   // decimal numbers joined by ","
-    };
-    enum ACCESS_E {
-        ACCESS__GET,             // applications only read it; products configure it
-        ACCESS__GET_SET,
-        ACCESS__STATIC_GET_SET,  // its own write-through store per write
-    };
-    // One key of the messaging groups. Defaults are held as: int, uint, bool, QString (null or empty as
-    // the key has it), QStringList, QList<int>.
-    struct KEY_S {
-        const char* group;
-        const char* key;
-        VALUE_TYPE_E type;
-        QVariant defaultValue;
-        ACCESS_E access;
-    };
-
     static const char* const GROUP_MSGCTR_SMS;
     static const char* const GROUP_MSGCTR_GENERAL;
     static const char* const GROUP_MSGCTR_VM;
@@ -72,15 +45,6 @@ public:
     MSGCTR_ENG_Setup& objSetupMsgctr() { return m_setup; }
     MSGCTR_ERRCODE flush();
 
-    // Every key, in the order of their groups.
-    static const QList<KEY_S>& keyTable();
-    // Null when the key is not in the table.
-    static const KEY_S* findKey(const QString& group, const QString& key);
-    // The typed path every getter and setter goes through; values as the defaults of KEY_S.
-    static QVariant readKey(MSGCTR_ENG_Setup& store, const KEY_S& key);
-    static MSGCTR_ERRCODE writeKey(MSGCTR_ENG_Setup& store, const KEY_S& key, const QVariant& value);
-    QVariant getValue(const KEY_S& key);
-    MSGCTR_ERRCODE setValue(const KEY_S& key, const QVariant& value);
 
     // GROUP_MSGCTR_SMS
     unsigned int getSeqNumOfSendByMul();
