@@ -5,6 +5,7 @@
 // the settings object kept open with a QSettings object kept open (thread CPU time; target: ratio at most 1).
 #include "FloorComparison.h"
 #include "MSGCTR_ENG_SetupInfo.h"
+#include "settings/SetupInfoKey.h"
 #include "SETUP_SET_Manager_Compose_NOT_Flush.h"
 #include "ZorHostControl.h"
 
@@ -35,8 +36,8 @@ public:
         ZorHost::resetAll();
         MSGCTR_ENG_Setup store(MSGCTR_ENG_Setup::MSGCTR_APP_ID, MSGCTR_ENG_Setup::FLUSH_MODE__NOT_FLUSH);
         int written = 0;
-        for (const MSGCTR_ENG_SetupInfo::KEY_S& key : MSGCTR_ENG_SetupInfo::keyTable()) {
-            MSGCTR_ENG_SetupInfo::writeKey(store, key, key.defaultValue);
+        for (const SetupInfoKey& key : SetupInfoKey::table()) {
+            key.write(store, key.defaultValue);
             ++written;
         }
         for (; written < 60; ++written)

@@ -8,10 +8,8 @@
 #include "MSGCTR_ERRCODE.h"
 #include "msgctr_export.h"
 
-#include <QList>
 #include <QString>
 #include <QStringList>
-#include <QVariant>
 
 #include <vector>
 
@@ -34,29 +32,54 @@ public:
         PUSH_SL_SECURITY_DENY = 2,
     };
 
-    // How a key's value is encoded in the store (see MSGCTR_ENG_Setup).
-    enum VALUE_TYPE_E {
-        VALUE_TYPE__INT,
-        VALUE_TYPE__UINT,
-        VALUE_TYPE__BOOL,
-        VALUE_TYPE__TEXT,       // the store's text; "[", "]", CR, LF and "=" refused
-        VALUE_TYPE__ANY_TEXT,   // any text, data-stream encoded
-        VALUE_TYPE__TEXT_LIST,  // data-stream encoded
-        VALUE_TYPE__INT_LIST,   // decimal numbers joined by ","
+    // A service centre allowed to send WAP push and its push-proxy gateway.
+    struct MSGCTR_EXPORT WAP_PPG_INFO_S {
+        QString m_strSmsc;
+        QString m_strPpg;
+
+        // Not blank, no "," and no ";".
+        static bool isValidInput(const QString& field);
+        static bool isValidSmsc(const QString& smsc);
+        static bool isValidPpg(const QString& ppg);
+        bool isValid() const;
+        // The field without blanks at its ends and without "," and ";".
+        static QString getValidatedData(const QString& field);
+        // Both fields validated; an invalid pair is reported first.
+        void validateData();
     };
-    enum ACCESS_E {
-        ACCESS__GET,             // applications only read it; products configure it
-        ACCESS__GET_SET,
-        ACCESS__STATIC_GET_SET,  // its own write-through store per write
+
+    // One info-service (cell-broadcast) channel. Text form: number, name, quick view, predefined,
+    // joined by ",": 50,Local,1,1.
+    struct MSGCTR_EXPORT INFO_SERV_CHNL_INFO_S {
+        int m_nChannelNum = -1;
+        QString m_strChannelName;  // must not contain ","
+        bool m_bQuickView = false;
+        bool m_bPredefined = true;
+
+        // False, with a report and *pstr empty, when the name holds ",".
+        bool subToString(QString* pstr) const;
+        // subToString, then a report when the text does not read back to itself.
+        bool toString(QString* pstr) const;
+        // Missing trailing fields keep quick view off and predefined on.
+        static INFO_SERV_CHNL_INFO_S subToInfoServChnlInfo(const QString& str);
+        // subToInfoServChnlInfo, then a report when the record does not write back to the text.
+        static INFO_SERV_CHNL_INFO_S toInfoServChnlInfo(const QString& str);
+        // A channel the user added: quick view off, not predefined.
+        static INFO_SERV_CHNL_INFO_S toCiOfUserDefined(int nChannelNum, const QString& name);
     };
-    // One key of the messaging groups. Defaults are held as: int, uint, bool, QString (null or empty as
-    // the key has it), QStringList, QList<int>.
-    struct KEY_S {
-        const char* group;
-        const char* key;
-        VALUE_TYPE_E type;
-        QVariant defaultValue;
-        ACCESS_E access;
+
+    // The stored channel list, in stored order.
+    class MSGCTR_EXPORT InfoServAllChnlInfo : public std::vector<INFO_SERV_CHNL_INFO_S> {
+    public:
+        bool containsChannelNum(int nChannelNum) const;
+        bool getChnlInfo(int nChannelNum, INFO_SERV_CHNL_INFO_S* pInfo) const;
+        void addChannelNum(const INFO_SERV_CHNL_INFO_S& info);
+        bool removeChannelNum(int nChannelNum);
+        // Gives the channel a new name.
+        bool updateChannelNum(int nChannelNum, const QString& name);
+        // The numbers of the given list that this list lacks, and appending them as new channels.
+        std::vector<int> getChnlSNotContains(const std::vector<int>& channelNums) const;
+        void appendChnlSNotContains(const std::vector<int>& channelNums);
     };
 
     static const char* const GROUP_MSGCTR_SMS;
@@ -72,15 +95,6 @@ public:
     MSGCTR_ENG_Setup& objSetupMsgctr() { return m_setup; }
     MSGCTR_ERRCODE flush();
 
-    // Every key, in the order of their groups.
-    static const QList<KEY_S>& keyTable();
-    // Null when the key is not in the table.
-    static const KEY_S* findKey(const QString& group, const QString& key);
-    // The typed path every getter and setter goes through; values as the defaults of KEY_S.
-    static QVariant readKey(MSGCTR_ENG_Setup& store, const KEY_S& key);
-    static MSGCTR_ERRCODE writeKey(MSGCTR_ENG_Setup& store, const KEY_S& key, const QVariant& value);
-    QVariant getValue(const KEY_S& key);
-    MSGCTR_ERRCODE setValue(const KEY_S& key, const QVariant& value);
 
     // GROUP_MSGCTR_SMS
     unsigned int getSeqNumOfSendByMul();
@@ -107,7 +121,12 @@ public:
     MSGCTR_ERRCODE setEmailMmsNotice(bool value);
     bool getEmailGatewaySettingWarning();
     MSGCTR_ERRCODE setEmailGatewaySettingWarning(bool value);
+    // The read-only quick texts of the system language, from its resource file (en-gb reads en-us's).
+    MSGCTR_ERRCODE getDefaultQuickTexts(QStringList* pDefaultQuickTexts);
     void getUserDefinedQuickTexts(QStringList* out);
+    // More than the maximum is refused with a report and code 0; otherwise the list is written and the
+    // dependants of this object reload.
+    MSGCTR_ERRCODE setUserDefinedQuickTexts(const QStringList& quickTexts);
     static int getMaximumPermitCountOfUserDefineQuickTexts() { return 20; }
     bool allowManualChooseMsgTypeInComposer();
     int getMaxSmsUnit();
@@ -145,8 +164,29 @@ public:
     QString getMinSmscWhitelistRange();
     int getPushSerLoadingSecurityType();
     MSGCTR_ERRCODE setPushSerLoadingSecurityType(int type);
+    // The allowed push pairs ("smsc,ppg" joined by ";"), each validated.
+    std::vector<WAP_PPG_INFO_S> getWapAllowedPpgS();
+    MSGCTR_ERRCODE setWapAllowedPpgS(const std::vector<WAP_PPG_INFO_S>& pairs);
+    // The pairs of WHITELIST_PAIR1 to WHITELIST_PAIR10, in key order, empty keys skipped.
+    std::vector<WAP_PPG_INFO_S> getWapWhitelistPairS();
+    // The browser's push filter: "" when push is off, the allowed pairs joined by blanks when restricted,
+    // else "*".
+    QString getOperaPushWhitelist();
+    QStringList getStrlistWapAllowedPushSmsc();
+    // One pair per service centre, with an empty gateway.
+    MSGCTR_ERRCODE setStrlistWapAllowedPushSmsc(const QStringList& smscs);
+    static bool isValidSmscList(const QStringList& smscs);
 
     // GROUP_MSGCTR_INFO_SERV
+    InfoServAllChnlInfo getInfoServAllChnlInfo();
+    // Nothing is written, and 10020 returned, when a name holds ",", ";" or what the store cannot keep.
+    MSGCTR_ERRCODE setInfoServAllChnlInfo(const InfoServAllChnlInfo& channels);
+    // 10023 for a number out of the cell-broadcast range, 10022 for one listed already.
+    MSGCTR_ERRCODE addInfoServChannel(int nChannelNum, const QString& name);
+    // 10021 for a number not listed.
+    MSGCTR_ERRCODE removeInfoServChannel(int nChannelNum);
+    MSGCTR_ERRCODE updateInfoServChannel(int nChannelNum, const QString& name);
+    MSGCTR_ERRCODE updateInfoServChannelQuickView(int nChannelNum, bool bQuickView);
     bool needSaveInfoServQuickviewMsg();
     MSGCTR_ERRCODE setNeedSaveInfoServQuickviewMsg(bool value);
     std::vector<int> cbChannelSForIdleScrSilent();

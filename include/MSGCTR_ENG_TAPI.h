@@ -9,6 +9,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class MSGCTR_EXPORT MSGCTR_ENG_TAPI {
 public:
     MSGCTR_ENG_TAPI() = default;
@@ -44,4 +46,24 @@ public:
 
     // True when every character has a GSM 7-bit default alphabet (or extension table) equivalent.
     static bool containsOnlyGSMChar(const QString& text);
+
+    // Cell broadcast. The state byte is the platform's and passes through unchanged; *pState is written
+    // in every case (0 when the platform did not fill it).
+    static MSGCTR_ERRCODE errcodeCbGetCbState(unsigned char* pState);
+    static MSGCTR_ERRCODE errcodeCbSetCbState(unsigned char cbState);
+    // A channel out of range is reported and still handed to the platform.
+    static MSGCTR_ERRCODE errcodeCbAddCbChannel(unsigned short nChannelNumber);
+    static MSGCTR_ERRCODE errcodeCbRemoveCbChannel(unsigned short nChannelNumber);
+    // The subscribed channels in the platform's order; empty on failure.
+    static MSGCTR_ERRCODE errcodeCbListCbChannels(std::vector<unsigned short>* pChannels);
+    // The language codes of the slots in slot order; empty on failure.
+    static MSGCTR_ERRCODE errcodeCbListCbLanguages(std::vector<unsigned char>* pLanguages);
+    static MSGCTR_ERRCODE errcodeCbEditCbLanguage(unsigned short nIndexOfLanguage, unsigned char language);
+    // Channels 0 to 65534.
+    static bool cbChannelNumberIsInValidRange(unsigned short nChannelNumber);
+    static bool cbChannelNumberIsInside(unsigned short nChannelNumber, const std::vector<unsigned short>& channels);
+    // Whether the channel is subscribed already; a failed listing counts as no channels.
+    static bool cbChannelNumberIsDuplicated(unsigned short nChannelNumber);
+    // 0, 1 and 2.
+    static bool preferredMsgStorageValueIsValid(unsigned int value);
 };

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, when any is missing.
 set -euo pipefail
-packages=(build-essential cmake pkg-config ccache qt6-base-dev libsqlite3-dev
+packages=(build-essential cmake pkg-config ccache qt6-base-dev qt6-tools-dev qt6-l10n-tools libsqlite3-dev
           libgtest-dev libgmock-dev googletest libbenchmark-dev)
 missing=()
 for p in "${packages[@]}"; do

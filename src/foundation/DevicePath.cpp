@@ -6,3 +6,8 @@ QString msgctrDevicePath(const char* absoluteDevicePath)
 {
     return ZorHostCore::devicePath(QString::fromLatin1(absoluteDevicePath));
 }
+
+QString msgctrDevicePath(const QString& absoluteDevicePath)
+{
+    return ZorHostCore::devicePath(absoluteDevicePath);
+}

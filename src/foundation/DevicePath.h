@@ -5,3 +5,4 @@
 #include <QString>
 
 QString msgctrDevicePath(const char* absoluteDevicePath);
+QString msgctrDevicePath(const QString& absoluteDevicePath);

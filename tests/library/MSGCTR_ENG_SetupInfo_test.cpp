@@ -1,6 +1,7 @@
 #include "HostRootTest.h"
 
 #include "MSGCTR_ENG_SetupInfo.h"
+#include "settings/SetupInfoKey.h"
 #include "ZorHostControl.h"
 
 #include <QFile>
@@ -82,8 +83,8 @@ QString emptyText()
 struct KeyRow {
     const char* group;
     const char* key;
-    Info::VALUE_TYPE_E type;
-    Info::ACCESS_E access;
+    SetupInfoKey::VALUE_TYPE_E type;
+    SetupInfoKey::ACCESS_E access;
     QVariant defaultValue;
     // A value that only reads back when the key is stored and read as its type.
     QVariant sample;
@@ -105,40 +106,40 @@ std::vector<KeyRow> keyRows()
 {
     const QVariant bigUint = 4000000000u;
     std::vector<KeyRow> rows{
-        {SMS, "SEQ_NUM_OF_SEND_BY_MUL", Info::VALUE_TYPE__UINT, Info::ACCESS__GET_SET, 0u, bigUint,
+        {SMS, "SEQ_NUM_OF_SEND_BY_MUL", SetupInfoKey::VALUE_TYPE__UINT, SetupInfoKey::ACCESS__GET_SET, 0u, bigUint,
          GETTER(unsigned int, getSeqNumOfSendByMul()),
          [](Info& i, const QVariant& v) { return i.setSeqNumOfSendByMul(v.toUInt()); }},
-        {SMS, "SIGNATURE_CONTENT", Info::VALUE_TYPE__ANY_TEXT, Info::ACCESS__GET_SET, nullText(),
+        {SMS, "SIGNATURE_CONTENT", SetupInfoKey::VALUE_TYPE__ANY_TEXT, SetupInfoKey::ACCESS__GET_SET, nullText(),
          QStringLiteral("Best=\r\n[me]"), GETTER(QString, getSignatureContent()),
          [](Info& i, const QVariant& v) { return i.setSignatureContent(v.toString()); }},
-        {SMS, "SIGNATURE_AUTO_INCLUDE", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, false, true,
+        {SMS, "SIGNATURE_AUTO_INCLUDE", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, false, true,
          GETTER(bool, getSignatureAutoInclude()),
          [](Info& i, const QVariant& v) { return i.setSignatureAutoInclude(v.toBool()); }},
-        {SMS, "SMS_DELIVERY_REPORT_ENABLED_FLAG", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, false, true,
+        {SMS, "SMS_DELIVERY_REPORT_ENABLED_FLAG", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, false, true,
          GETTER(bool, getSmsDeliveryReportEnabledFlag()),
          [](Info& i, const QVariant& v) { return i.setSmsDeliveryReportEnabled(v.toBool()); }},
-        {SMS, "INCOM_SMS_PREF_STORAGE", Info::VALUE_TYPE__UINT, Info::ACCESS__GET_SET, 0u, 2u,
+        {SMS, "INCOM_SMS_PREF_STORAGE", SetupInfoKey::VALUE_TYPE__UINT, SetupInfoKey::ACCESS__GET_SET, 0u, 2u,
          GETTER(unsigned int, getIncomingSMSMsgPrefStorage()),
          [](Info& i, const QVariant& v) { return i.setIncomingSMSMsgPrefStorage(v.toUInt()); }},
-        {SMS, "INCOM_SMS_MSG_PREF_USER_DEF_STORAGE", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET,
+        {SMS, "INCOM_SMS_MSG_PREF_USER_DEF_STORAGE", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET,
          QStringLiteral("Inbox"), QStringLiteral("My folder"), GETTER(QString, getIncomingSMSMsgPrefUserDefStorage()),
          [](Info& i, const QVariant& v) { return i.setIncomingSMSMsgPrefUserDefStorage(v.toString()); }},
-        {SMS, "INCOM_MMS_MSG_PREF_STORAGE", Info::VALUE_TYPE__UINT, Info::ACCESS__GET_SET, 0u, 1u,
+        {SMS, "INCOM_MMS_MSG_PREF_STORAGE", SetupInfoKey::VALUE_TYPE__UINT, SetupInfoKey::ACCESS__GET_SET, 0u, 1u,
          GETTER(unsigned int, getIncomingMMSMsgPrefStorage()),
          [](Info& i, const QVariant& v) { return i.setIncomingMMSMsgPrefStorage(v.toUInt()); }},
-        {SMS, "INCOM_MMS_MSG_PREF_USER_DEF_STORAGE", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET,
+        {SMS, "INCOM_MMS_MSG_PREF_USER_DEF_STORAGE", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET,
          QStringLiteral("Inbox"), QStringLiteral("MMS folder"), GETTER(QString, getIncomingMMSMsgPrefUserDefStorage()),
          [](Info& i, const QVariant& v) { return i.setIncomingMMSMsgPrefUserDefStorage(v.toString()); }},
-        {SMS, "SMS_VALIDITY_TIME", Info::VALUE_TYPE__INT, Info::ACCESS__GET_SET, -1, -86400,
+        {SMS, "SMS_VALIDITY_TIME", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET_SET, -1, -86400,
          GETTER(int, getSmsValidityTime()), [](Info& i, const QVariant& v) { return i.setSmsValidityTime(v.toInt()); }},
-        {SMS, "EMAIL_GATEWAY", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, emptyText(), QStringLiteral("5500"),
+        {SMS, "EMAIL_GATEWAY", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, emptyText(), QStringLiteral("5500"),
          GETTER(QString, getEmailGateway()), [](Info& i, const QVariant& v) { return i.setEmailGateway(v.toString()); }},
-        {SMS, "EMAIL_MMS_NOTICE", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, false, true,
+        {SMS, "EMAIL_MMS_NOTICE", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, false, true,
          GETTER(bool, getEmailMmsNotice()), [](Info& i, const QVariant& v) { return i.setEmailMmsNotice(v.toBool()); }},
-        {SMS, "EMAIL_GATEWAY_WARNING", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, true, false,
+        {SMS, "EMAIL_GATEWAY_WARNING", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, true, false,
          GETTER(bool, getEmailGatewaySettingWarning()),
          [](Info& i, const QVariant& v) { return i.setEmailGatewaySettingWarning(v.toBool()); }},
-        {SMS, "USER_DEF_QUICK_TEXTS", Info::VALUE_TYPE__TEXT_LIST, Info::ACCESS__GET_SET, QStringList(),
+        {SMS, "USER_DEF_QUICK_TEXTS", SetupInfoKey::VALUE_TYPE__TEXT_LIST, SetupInfoKey::ACCESS__GET_SET, QStringList(),
          QStringList{QStringLiteral("On my way"), QStringLiteral("a=b")},
          [](Info& i) {
              QStringList texts{QStringLiteral("caller")};
@@ -146,20 +147,20 @@ std::vector<KeyRow> keyRows()
              return QVariant(texts);
          },
          {}},
-        {SMS, "ALLOW_MANUAL_CHOOSE_MSG_TYPE_IN_COMPOSER", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET, true, false,
+        {SMS, "ALLOW_MANUAL_CHOOSE_MSG_TYPE_IN_COMPOSER", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET, true, false,
          GETTER(bool, allowManualChooseMsgTypeInComposer()), {}},
-        {SMS, "MAX_SMS_UNIT", Info::VALUE_TYPE__INT, Info::ACCESS__GET, 0, -3, GETTER(int, getMaxSmsUnit()), {}},
-        {SMS, "MAX_SMS_VALUE", Info::VALUE_TYPE__INT, Info::ACCESS__GET, 10, -4, GETTER(int, getMaxSmsValue()), {}},
-        {SMS, "NEED_RETRY_SEND_SMS", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET, false, true,
+        {SMS, "MAX_SMS_UNIT", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET, 0, -3, GETTER(int, getMaxSmsUnit()), {}},
+        {SMS, "MAX_SMS_VALUE", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET, 10, -4, GETTER(int, getMaxSmsValue()), {}},
+        {SMS, "NEED_RETRY_SEND_SMS", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET, false, true,
          GETTER(bool, needRetrySendSms()), {}},
-        {SMS, "RETRY_SEND_SMS_TIME_INTERVAL", Info::VALUE_TYPE__INT_LIST, Info::ACCESS__GET, ints({5, 10}),
+        {SMS, "RETRY_SEND_SMS_TIME_INTERVAL", SetupInfoKey::VALUE_TYPE__INT_LIST, SetupInfoKey::ACCESS__GET, ints({5, 10}),
          ints({1, -2, 3}), GETTER(std::vector<int>, getRetrySendSmsTimeInterval()), {}},
-        {SMS, "SMS_VALIDITY_TIME_LIST_FOR_SELECTION", Info::VALUE_TYPE__INT_LIST, Info::ACCESS__GET,
+        {SMS, "SMS_VALIDITY_TIME_LIST_FOR_SELECTION", SetupInfoKey::VALUE_TYPE__INT_LIST, SetupInfoKey::ACCESS__GET,
          ints({3600, 21600, 86400, 604800, -1}), ints({60}),
          GETTER(std::vector<int>, getSmsValidityTimeListForSelection()), {}},
-        {SMS, "SMS_MAX_USERDEF_SMS_PROF_NUM", Info::VALUE_TYPE__INT, Info::ACCESS__GET, 5, -5,
+        {SMS, "SMS_MAX_USERDEF_SMS_PROF_NUM", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET, 5, -5,
          GETTER(int, getMaxUserdefSMSProfNum()), {}},
-        {SMS, "SMS_CHARACTER_ENCODING_MODE", Info::VALUE_TYPE__INT, Info::ACCESS__GET_SET, 1, 2,
+        {SMS, "SMS_CHARACTER_ENCODING_MODE", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET_SET, 1, 2,
          [](Info& i) {
              static_assert(std::is_same_v<decltype(i.getSmsCharacterEncodingMode()),
                                           Info::SMS_CHARACTER_ENCODING_MODE_E>);
@@ -168,42 +169,42 @@ std::vector<KeyRow> keyRows()
          [](Info& i, const QVariant& v) {
              return i.setSmsCharacterEncodingMode(Info::SMS_CHARACTER_ENCODING_MODE_E(v.toInt()));
          }},
-        {SMS, "SMS_LONG_SMS_FUNC_ACTIVATED", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, true, false,
+        {SMS, "SMS_LONG_SMS_FUNC_ACTIVATED", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, true, false,
          GETTER(bool, smsLongSmsFuncIsActivated()),
          [](Info& i, const QVariant& v) { return i.setSmsLongSmsFuncIsActivated(v.toBool()); }},
-        {"GROUP_MSGCTR_GENERAL", "MSG_SAVE_OUTGOING", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, true, false,
+        {"GROUP_MSGCTR_GENERAL", "MSG_SAVE_OUTGOING", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, true, false,
          GETTER(bool, needToSaveOutgoingMsg()),
          [](Info& i, const QVariant& v) { return i.setNeedToSaveOutgoingMsg(v.toBool()); }},
-        {VM, "VOICE_MAIL_SRV_CTR_NUMBER", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, nullText(),
+        {VM, "VOICE_MAIL_SRV_CTR_NUMBER", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, nullText(),
          QStringLiteral("+4412345"), GETTER(QString, getVoiceMailSrvCtrNumber(0)),
          [](Info& i, const QVariant& v) { return i.setVoiceMailSrvCtrNumber(0, v.toString()); }},
-        {VM, "VOICE_MAIL_SRV_CTR_NUMBER2", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, nullText(),
+        {VM, "VOICE_MAIL_SRV_CTR_NUMBER2", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, nullText(),
          QStringLiteral("+4467890"), GETTER(QString, getVoiceMailSrvCtrNumber(1)),
          [](Info& i, const QVariant& v) { return i.setVoiceMailSrvCtrNumber(1, v.toString()); }},
-        {VM, "VOICE_MAIL_SRV_CTR_NAME", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, nullText(),
+        {VM, "VOICE_MAIL_SRV_CTR_NAME", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, nullText(),
          QStringLiteral("Mailbox one"), GETTER(QString, getVoiceMailSrvCtrName(0)),
          [](Info& i, const QVariant& v) { return i.setVoiceMailSrvCtrName(0, v.toString()); }},
-        {VM, "VOICE_MAIL_SRV_CTR_NAME2", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, nullText(),
+        {VM, "VOICE_MAIL_SRV_CTR_NAME2", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, nullText(),
          QStringLiteral("Mailbox two"), GETTER(QString, getVoiceMailSrvCtrName(1)),
          [](Info& i, const QVariant& v) { return i.setVoiceMailSrvCtrName(1, v.toString()); }},
-        {VM, "VOICE_MAIL_COUNT", Info::VALUE_TYPE__UINT, Info::ACCESS__GET_SET, 0u, bigUint,
+        {VM, "VOICE_MAIL_COUNT", SetupInfoKey::VALUE_TYPE__UINT, SetupInfoKey::ACCESS__GET_SET, 0u, bigUint,
          GETTER(unsigned int, getVoiceMailCount(0)),
          [](Info& i, const QVariant& v) { return i.setVoiceMailCount(0, v.toUInt()); }},
-        {VM, "VOICE_MAIL_COUNT2", Info::VALUE_TYPE__UINT, Info::ACCESS__GET_SET, 0u, bigUint,
+        {VM, "VOICE_MAIL_COUNT2", SetupInfoKey::VALUE_TYPE__UINT, SetupInfoKey::ACCESS__GET_SET, 0u, bigUint,
          GETTER(unsigned int, getVoiceMailCount(1)),
          [](Info& i, const QVariant& v) { return i.setVoiceMailCount(1, v.toUInt()); }},
-        {VM, "IMSI_CHANGED_FLAG", Info::VALUE_TYPE__BOOL, Info::ACCESS__STATIC_GET_SET, false, true,
+        {VM, "IMSI_CHANGED_FLAG", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__STATIC_GET_SET, false, true,
          STATIC_GETTER(bool, getImsiChangedFlag()),
          [](Info&, const QVariant& v) { return Info::setImsiChangedFlag(v.toBool()); }},
-        {VM, "VOICE_MAIL_COUNTABLE", Info::VALUE_TYPE__BOOL, Info::ACCESS__STATIC_GET_SET, false, true,
+        {VM, "VOICE_MAIL_COUNTABLE", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__STATIC_GET_SET, false, true,
          STATIC_GETTER(bool, getVoiceMailCountableFlag()),
          [](Info&, const QVariant& v) { return Info::setVoiceMailCountableFlag(v.toBool()); }},
-        {WAP, "WAP_ALLOWED_PUSH_SMSC_MODE", Info::VALUE_TYPE__INT, Info::ACCESS__GET_SET, 1, 2,
+        {WAP, "WAP_ALLOWED_PUSH_SMSC_MODE", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET_SET, 1, 2,
          GETTER(int, getWapAllowedPushSmscMode()),
          [](Info& i, const QVariant& v) { return i.setWapAllowedPushSmscMode(v.toInt()); }},
-        {WAP, "WAP_ALLOWED_PPG_S", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, nullText(),
-         QStringLiteral("123,gw;456,gw2"), [](Info& i) { return QVariant(i.getValue(*Info::findKey(
-                                                            QLatin1String(WAP), QStringLiteral("WAP_ALLOWED_PPG_S")))); },
+        {WAP, "WAP_ALLOWED_PPG_S", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, nullText(),
+         QStringLiteral("123,gw;456,gw2"), [](Info& i) { return QVariant(SetupInfoKey::find(QLatin1String(WAP), QStringLiteral("WAP_ALLOWED_PPG_S"))
+                                                                     ->read(i.objSetupMsgctr())); },
          {}},
     };
     for (int n = 1; n <= 10; ++n) {
@@ -212,35 +213,36 @@ std::vector<KeyRow> keyRows()
                                             "WHITELIST_PAIR7", "WHITELIST_PAIR8", "WHITELIST_PAIR9",
                                             "WHITELIST_PAIR10"};
         const char* key = names[n - 1];
-        rows.push_back({WAP, key, Info::VALUE_TYPE__TEXT, Info::ACCESS__GET, nullText(),
+        rows.push_back({WAP, key, SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET, nullText(),
                         QStringLiteral("12%1,gw").arg(n),
-                        [key](Info& i) { return i.getValue(*Info::findKey(QLatin1String(WAP), QLatin1String(key))); },
+                        [key](Info& i) { return SetupInfoKey::find(QLatin1String(WAP), QLatin1String(key))->read(i.objSetupMsgctr()); },
                         {}});
     }
     const std::vector<KeyRow> rest{
-        {WAP, "MAX_VALID_SMSC", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET, nullText(), QStringLiteral("+999"),
+        {WAP, "MAX_VALID_SMSC", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET, nullText(), QStringLiteral("+999"),
          GETTER(QString, getMaxSmscWhitelistRange()), {}},
-        {WAP, "MIN_VALID_SMSC", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET, nullText(), QStringLiteral("+100"),
+        {WAP, "MIN_VALID_SMSC", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET, nullText(), QStringLiteral("+100"),
          GETTER(QString, getMinSmscWhitelistRange()), {}},
-        {WAP, "PUSH_SER_LOADING_SECURITY_TYPE", Info::VALUE_TYPE__INT, Info::ACCESS__GET_SET, 0, 2,
+        {WAP, "PUSH_SER_LOADING_SECURITY_TYPE", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET_SET, 0, 2,
          GETTER(int, getPushSerLoadingSecurityType()),
          [](Info& i, const QVariant& v) { return i.setPushSerLoadingSecurityType(v.toInt()); }},
-        {INFO, "INFO_SERV_CHANNEL_LIST", Info::VALUE_TYPE__TEXT, Info::ACCESS__GET_SET, emptyText(),
+        {INFO, "INFO_SERV_CHANNEL_LIST", SetupInfoKey::VALUE_TYPE__TEXT, SetupInfoKey::ACCESS__GET_SET, emptyText(),
          QStringLiteral("50,Local,0,1"),
          [](Info& i) {
-             return i.getValue(*Info::findKey(QLatin1String(INFO), QStringLiteral("INFO_SERV_CHANNEL_LIST")));
+             return SetupInfoKey::find(QLatin1String(INFO), QStringLiteral("INFO_SERV_CHANNEL_LIST"))
+                 ->read(i.objSetupMsgctr());
          },
          {}},
-        {INFO, "SAVE_INFO_SERV_QUICKVIEW_MSG", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, true, false,
+        {INFO, "SAVE_INFO_SERV_QUICKVIEW_MSG", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, true, false,
          GETTER(bool, needSaveInfoServQuickviewMsg()),
          [](Info& i, const QVariant& v) { return i.setNeedSaveInfoServQuickviewMsg(v.toBool()); }},
-        {INFO, "CB_CHNLS_IDL_SL", Info::VALUE_TYPE__INT_LIST, Info::ACCESS__GET, ints({50}), ints({50, 4370}),
+        {INFO, "CB_CHNLS_IDL_SL", SetupInfoKey::VALUE_TYPE__INT_LIST, SetupInfoKey::ACCESS__GET, ints({50}), ints({50, 4370}),
          GETTER(std::vector<int>, cbChannelSForIdleScrSilent()), {}},
-        {INFO, "CB_MAX_LEN_IDL", Info::VALUE_TYPE__INT, Info::ACCESS__GET, 15, -15, GETTER(int, cbMsgLengthForIdleScr()),
+        {INFO, "CB_MAX_LEN_IDL", SetupInfoKey::VALUE_TYPE__INT, SetupInfoKey::ACCESS__GET, 15, -15, GETTER(int, cbMsgLengthForIdleScr()),
          {}},
-        {INFO, "CELL_WIDE_CB", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET, true, false,
+        {INFO, "CELL_WIDE_CB", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET, true, false,
          GETTER(bool, cellWideCbMsgFeatureAvailable()), {}},
-        {"GROUP_4_DEBUG", "OUTPUT_DEBUG_LOG", Info::VALUE_TYPE__BOOL, Info::ACCESS__GET_SET, false, true,
+        {"GROUP_4_DEBUG", "OUTPUT_DEBUG_LOG", SetupInfoKey::VALUE_TYPE__BOOL, SetupInfoKey::ACCESS__GET_SET, false, true,
          GETTER(bool, outputDebugLogIsEnabled()),
          [](Info& i, const QVariant& v) { return i.enableOutputDebugLog(v.toBool()); }},
     };
@@ -255,19 +257,19 @@ MSGCTR_ERRCODE writeAsType(const KeyRow& row, const QVariant& value)
     const QString group = QLatin1String(row.group);
     const QString key = QLatin1String(row.key);
     switch (row.type) {
-    case Info::VALUE_TYPE__INT:
+    case SetupInfoKey::VALUE_TYPE__INT:
         return store.setEntry(group, key, value.toInt());
-    case Info::VALUE_TYPE__UINT:
+    case SetupInfoKey::VALUE_TYPE__UINT:
         return store.setEntry(group, key, value.toUInt());
-    case Info::VALUE_TYPE__BOOL:
+    case SetupInfoKey::VALUE_TYPE__BOOL:
         return store.setEntry(group, key, value.toBool());
-    case Info::VALUE_TYPE__TEXT:
+    case SetupInfoKey::VALUE_TYPE__TEXT:
         return store.setEntry(group, key, value.toString(), false);
-    case Info::VALUE_TYPE__ANY_TEXT:
+    case SetupInfoKey::VALUE_TYPE__ANY_TEXT:
         return store.setEntryAnyQstr(group, key, value.toString());
-    case Info::VALUE_TYPE__TEXT_LIST:
+    case SetupInfoKey::VALUE_TYPE__TEXT_LIST:
         return store.setEntry(group, key, value.toStringList());
-    case Info::VALUE_TYPE__INT_LIST: {
+    case SetupInfoKey::VALUE_TYPE__INT_LIST: {
         const QList<int> list = value.value<QList<int>>();
         return store.setEntry(group, key, std::vector<int>(list.begin(), list.end()));
     }
@@ -283,43 +285,43 @@ bool readAsType(const KeyRow& row, QVariant* value)
     const QString group = QLatin1String(row.group);
     const QString key = QLatin1String(row.key);
     switch (row.type) {
-    case Info::VALUE_TYPE__INT: {
+    case SetupInfoKey::VALUE_TYPE__INT: {
         int v = 0;
         const bool ok = store.getInt(group, key, &v, 0);
         *value = v;
         return ok;
     }
-    case Info::VALUE_TYPE__UINT: {
+    case SetupInfoKey::VALUE_TYPE__UINT: {
         unsigned int v = 0;
         const bool ok = store.getUInt(group, key, &v, 0);
         *value = v;
         return ok;
     }
-    case Info::VALUE_TYPE__BOOL: {
+    case SetupInfoKey::VALUE_TYPE__BOOL: {
         bool v = false;
         const bool ok = store.getBool(group, key, &v, false);
         *value = v;
         return ok;
     }
-    case Info::VALUE_TYPE__TEXT: {
+    case SetupInfoKey::VALUE_TYPE__TEXT: {
         QString v;
         const bool ok = store.getString(group, key, &v, QString(), false);
         *value = v;
         return ok;
     }
-    case Info::VALUE_TYPE__ANY_TEXT: {
+    case SetupInfoKey::VALUE_TYPE__ANY_TEXT: {
         QString v = QStringLiteral("<missing>");
         store.getEntryAnyQstr(group, key, &v, QStringLiteral("<missing>"));
         *value = v;
         return v != QStringLiteral("<missing>");
     }
-    case Info::VALUE_TYPE__TEXT_LIST: {
+    case SetupInfoKey::VALUE_TYPE__TEXT_LIST: {
         QStringList v;
         store.getEntry(group, key, &v, QStringList{QStringLiteral("<missing>")});
         *value = v;
         return v != QStringList{QStringLiteral("<missing>")};
     }
-    case Info::VALUE_TYPE__INT_LIST: {
+    case SetupInfoKey::VALUE_TYPE__INT_LIST: {
         std::vector<int> v;
         store.getEntry(group, key, &v, std::vector<int>{-999});
         *value = toVariant(v);
@@ -359,7 +361,8 @@ TEST_P(SetupInfoKeyTest, StoredAsTheTablesType)
     if (row.set)
         ASSERT_EQ(row.set(info, row.sample), 0);
     else
-        ASSERT_EQ(info.setValue(*Info::findKey(QLatin1String(row.group), QLatin1String(row.key)), row.sample), 0);
+        ASSERT_EQ(SetupInfoKey::find(QLatin1String(row.group), QLatin1String(row.key))->write(info.objSetupMsgctr(), row.sample),
+                  0);
     QVariant stored;
     EXPECT_TRUE(readAsType(row, &stored));
     EXPECT_EQ(describe(stored), describe(row.sample));
@@ -368,7 +371,7 @@ TEST_P(SetupInfoKeyTest, StoredAsTheTablesType)
 TEST_P(SetupInfoKeyTest, LibraryTableAgrees)
 {
     const KeyRow& row = GetParam();
-    const Info::KEY_S* key = Info::findKey(QLatin1String(row.group), QLatin1String(row.key));
+    const SetupInfoKey* key = SetupInfoKey::find(QLatin1String(row.group), QLatin1String(row.key));
     ASSERT_NE(key, nullptr);
     EXPECT_STREQ(key->group, row.group);
     EXPECT_STREQ(key->key, row.key);
@@ -394,10 +397,10 @@ protected:
     }
     QStringList reportsWithoutTicks()
     {
-        static const QRegularExpression ticks(QStringLiteral("^([^\\[]*\\[[^\\]]*\\])\\d+: "));
+        static const QRegularExpression ticks(QStringLiteral("^([^(]*)\\(\\d+\\)(\\[[^\\]]*\\])\\d+: "));
         QStringList lines = takeReportLines();
         for (QString& line : lines)
-            line.replace(ticks, QStringLiteral("\\1TICKS: "));
+            line.replace(ticks, QStringLiteral("\\1(LINE)\\2TICKS: "));
         return lines;
     }
 };
@@ -405,12 +408,11 @@ protected:
 TEST_F(SetupInfoTest, TableHoldsEveryKeyOnceInTheOrderOfTheGroups)
 {
     const std::vector<KeyRow> rows = keyRows();
-    const QList<Info::KEY_S>& table = Info::keyTable();
-    ASSERT_EQ(size_t(table.size()), rows.size());
+    ASSERT_EQ(rows.size(), size_t(SETUP_INFO_KEY_COUNT));
     for (size_t i = 0; i < rows.size(); ++i)
-        EXPECT_STREQ(table[int(i)].key, rows[i].key);
-    EXPECT_EQ(Info::findKey(QStringLiteral("GROUP_MSGCTR_SMS"), QStringLiteral("NO_SUCH_KEY")), nullptr);
-    EXPECT_EQ(Info::findKey(QStringLiteral("GROUP_MSGCTR_VM"), QStringLiteral("EMAIL_GATEWAY")), nullptr);
+        EXPECT_STREQ(SetupInfoKey::of(SetupInfoKeyId(i)).key, rows[i].key);
+    EXPECT_EQ(SetupInfoKey::find(QStringLiteral("GROUP_MSGCTR_SMS"), QStringLiteral("NO_SUCH_KEY")), nullptr);
+    EXPECT_EQ(SetupInfoKey::find(QStringLiteral("GROUP_MSGCTR_VM"), QStringLiteral("EMAIL_GATEWAY")), nullptr);
 }
 
 TEST_F(SetupInfoTest, IsAnObjectDependencyWithItsOwnStore)
@@ -550,10 +552,10 @@ TEST_F(SetupInfoTest, StaticFlagsWriteThroughWhateverTheCallersMode)
 TEST_F(SetupInfoTest, StaticFlagsReadWhatIsDurableNotTheCallersBufferedWrites)
 {
     Info buffered(MSGCTR_ENG_Setup::FLUSH_MODE__NOT_FLUSH);
-    const Info::KEY_S* imsi = Info::findKey(QStringLiteral("GROUP_MSGCTR_VM"), QStringLiteral("IMSI_CHANGED_FLAG"));
+    const SetupInfoKey* imsi = SetupInfoKey::find(QStringLiteral("GROUP_MSGCTR_VM"), QStringLiteral("IMSI_CHANGED_FLAG"));
     ASSERT_NE(imsi, nullptr);
-    EXPECT_EQ(buffered.setValue(*imsi, true), 0);
-    EXPECT_TRUE(buffered.getValue(*imsi).toBool());
+    EXPECT_EQ(imsi->write(buffered.objSetupMsgctr(), true), 0);
+    EXPECT_TRUE(imsi->read(buffered.objSetupMsgctr()).toBool());
     EXPECT_FALSE(Info::getImsiChangedFlag());
     EXPECT_EQ(buffered.flush(), 0);
     EXPECT_TRUE(Info::getImsiChangedFlag());
@@ -579,14 +581,14 @@ TEST_F(SetupInfoTest, OutOfRangePushModeIsReportedAndStoredAnyway)
         "assert fail at \"WAP_ALLOWED_PUSH_SMSC_MODE__OFF == nMode || WAP_ALLOWED_PUSH_SMSC_MODE__RECEIVE_ALL == "
         "nMode || WAP_ALLOWED_PUSH_SMSC_MODE__RESTRICTED == nMode\"; nMode = 7(S32,4), ");
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(515)[setWapAllowedPushSmscMode]TICKS: ") + check});
+              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[setWapAllowedPushSmscMode]TICKS: ") + check});
     int stored = 0;
     info.objSetupMsgctr().getEntry(QStringLiteral("GROUP_MSGCTR_WAP"), QStringLiteral("WAP_ALLOWED_PUSH_SMSC_MODE"),
                                    &stored, 1);
     EXPECT_EQ(stored, 7);
     EXPECT_EQ(info.getWapAllowedPushSmscMode(), 7);
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(509)[getWapAllowedPushSmscMode]TICKS: ") + check});
+              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[getWapAllowedPushSmscMode]TICKS: ") + check});
 }
 
 TEST_F(SetupInfoTest, OutOfRangeSecurityTypeIsReportedAndStoredAnyway)
@@ -598,11 +600,11 @@ TEST_F(SetupInfoTest, OutOfRangeSecurityTypeIsReportedAndStoredAnyway)
         "nPushSerLoadingSecurityType) || (PUSH_SL_SECURITY_DENY == nPushSerLoadingSecurityType)\"; "
         "nPushSerLoadingSecurityType = -1(S32,4), ");
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(538)[setPushSerLoadingSecurityType]TICKS: ")
+              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[setPushSerLoadingSecurityType]TICKS: ")
                           + check});
     EXPECT_EQ(info.getPushSerLoadingSecurityType(), -1);
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(532)[getPushSerLoadingSecurityType]TICKS: ")
+              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[getPushSerLoadingSecurityType]TICKS: ")
                           + check});
 }
 
@@ -612,7 +614,7 @@ TEST_F(SetupInfoTest, PreferredStorageIsTracedOnEveryReadAndReportedWhenInvalid)
     EXPECT_EQ(info.getIncomingSMSMsgPrefStorage(), 0u);
     EXPECT_EQ(info.getIncomingSMSMsgPrefStorage(), 0u);
     const QString trace = QStringLiteral(
-        "MSGCTR_ENG_SetupInfo.cpp(301)[getIncomingSMSMsgPrefStorage]TICKS: nPrefStorage = 0/0x00000000(U32,4), ");
+        "MSGCTR_ENG_SetupInfo.cpp(LINE)[getIncomingSMSMsgPrefStorage]TICKS: nPrefStorage = 0/0x00000000(U32,4), ");
     EXPECT_EQ(reportsWithoutTicks(), (QStringList{trace, trace}));
 
     // The setter writes any value; the getter reports a bad one and returns it.
@@ -620,19 +622,19 @@ TEST_F(SetupInfoTest, PreferredStorageIsTracedOnEveryReadAndReportedWhenInvalid)
     EXPECT_EQ(reportsWithoutTicks(), QStringList());
     EXPECT_EQ(info.getIncomingSMSMsgPrefStorage(), 3u);
     EXPECT_EQ(reportsWithoutTicks(),
-              (QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(301)[getIncomingSMSMsgPrefStorage]TICKS: "
+              (QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[getIncomingSMSMsgPrefStorage]TICKS: "
                                           "assert fail at \"MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid("
                                           "nPrefStorage)\"; nPrefStorage = 3/0x00000003(U32,4), "),
-                           QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(301)[getIncomingSMSMsgPrefStorage]TICKS: "
+                           QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[getIncomingSMSMsgPrefStorage]TICKS: "
                                           "nPrefStorage = 3/0x00000003(U32,4), ")}));
 
     EXPECT_EQ(info.setIncomingMMSMsgPrefStorage(7u), 0);
     EXPECT_EQ(info.getIncomingMMSMsgPrefStorage(), 7u);
     EXPECT_EQ(reportsWithoutTicks(),
-              (QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(323)[getIncomingMMSMsgPrefStorage]TICKS: "
+              (QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[getIncomingMMSMsgPrefStorage]TICKS: "
                                           "assert fail at \"MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid("
                                           "nPrefStorage)\"; nPrefStorage = 7/0x00000007(U32,4), "),
-                           QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(323)[getIncomingMMSMsgPrefStorage]TICKS: "
+                           QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(LINE)[getIncomingMMSMsgPrefStorage]TICKS: "
                                           "nPrefStorage = 7/0x00000007(U32,4), ")}));
 }
 
@@ -663,10 +665,10 @@ TEST_F(SetupInfoTest, QuickTextLimitIsTwenty)
 TEST_F(SetupInfoTest, GenericWriteOfATextKeyRefusesLikeTheSetters)
 {
     Info info(MSGCTR_ENG_Setup::FLUSH_MODE__FLUSH);
-    const Info::KEY_S* channels =
-        Info::findKey(QStringLiteral("GROUP_MSGCTR_INFO_SERV"), QStringLiteral("INFO_SERV_CHANNEL_LIST"));
+    const SetupInfoKey* channels =
+        SetupInfoKey::find(QStringLiteral("GROUP_MSGCTR_INFO_SERV"), QStringLiteral("INFO_SERV_CHANNEL_LIST"));
     ASSERT_NE(channels, nullptr);
-    EXPECT_EQ(info.setValue(*channels, QStringLiteral("50,a=b,0,1")), MSGCTR_ERRCODE__SETUP_INVALID_CHAR);
+    EXPECT_EQ(channels->write(info.objSetupMsgctr(), QStringLiteral("50,a=b,0,1")), MSGCTR_ERRCODE__SETUP_INVALID_CHAR);
     EXPECT_EQ(storeBytes(), QByteArray("<no file>"));
 }
 

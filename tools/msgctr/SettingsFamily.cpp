@@ -3,6 +3,7 @@
 
 #include "MSGCTR_ENG_Setup.h"
 #include "MSGCTR_ENG_SetupInfo.h"
+#include "settings/SetupInfoKey.h"
 
 #include <limits>
 
@@ -11,35 +12,35 @@ namespace {
 
 using Info = MSGCTR_ENG_SetupInfo;
 
-QString typeName(Info::VALUE_TYPE_E type)
+QString typeName(SetupInfoKey::VALUE_TYPE_E type)
 {
     switch (type) {
-    case Info::VALUE_TYPE__INT:
+    case SetupInfoKey::VALUE_TYPE__INT:
         return QStringLiteral("int");
-    case Info::VALUE_TYPE__UINT:
+    case SetupInfoKey::VALUE_TYPE__UINT:
         return QStringLiteral("uint");
-    case Info::VALUE_TYPE__BOOL:
+    case SetupInfoKey::VALUE_TYPE__BOOL:
         return QStringLiteral("bool");
-    case Info::VALUE_TYPE__TEXT:
+    case SetupInfoKey::VALUE_TYPE__TEXT:
         return QStringLiteral("text");
-    case Info::VALUE_TYPE__ANY_TEXT:
+    case SetupInfoKey::VALUE_TYPE__ANY_TEXT:
         return QStringLiteral("any-text");
-    case Info::VALUE_TYPE__TEXT_LIST:
+    case SetupInfoKey::VALUE_TYPE__TEXT_LIST:
         return QStringLiteral("text-list");
-    case Info::VALUE_TYPE__INT_LIST:
+    case SetupInfoKey::VALUE_TYPE__INT_LIST:
         return QStringLiteral("int-list");
     }
     return QString();
 }
 
-QString accessName(Info::ACCESS_E access)
+QString accessName(SetupInfoKey::ACCESS_E access)
 {
     switch (access) {
-    case Info::ACCESS__GET:
+    case SetupInfoKey::ACCESS__GET:
         return QStringLiteral("get");
-    case Info::ACCESS__GET_SET:
+    case SetupInfoKey::ACCESS__GET_SET:
         return QStringLiteral("get,set");
-    case Info::ACCESS__STATIC_GET_SET:
+    case SetupInfoKey::ACCESS__STATIC_GET_SET:
         return QStringLiteral("static-get,set");
     }
     return QString();
@@ -64,25 +65,25 @@ QString quoted(const QString& text)
     return result + QLatin1Char('"');
 }
 
-QString formatValue(Info::VALUE_TYPE_E type, const QVariant& value)
+QString formatValue(SetupInfoKey::VALUE_TYPE_E type, const QVariant& value)
 {
     switch (type) {
-    case Info::VALUE_TYPE__INT:
+    case SetupInfoKey::VALUE_TYPE__INT:
         return QString::number(value.toInt());
-    case Info::VALUE_TYPE__UINT:
+    case SetupInfoKey::VALUE_TYPE__UINT:
         return QString::number(value.toUInt());
-    case Info::VALUE_TYPE__BOOL:
+    case SetupInfoKey::VALUE_TYPE__BOOL:
         return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
-    case Info::VALUE_TYPE__TEXT:
-    case Info::VALUE_TYPE__ANY_TEXT:
+    case SetupInfoKey::VALUE_TYPE__TEXT:
+    case SetupInfoKey::VALUE_TYPE__ANY_TEXT:
         return quoted(value.toString());
-    case Info::VALUE_TYPE__TEXT_LIST: {
+    case SetupInfoKey::VALUE_TYPE__TEXT_LIST: {
         QStringList items;
         for (const QString& item : value.toStringList())
             items.append(quoted(item));
         return QLatin1Char('[') + items.join(QStringLiteral(", ")) + QLatin1Char(']');
     }
-    case Info::VALUE_TYPE__INT_LIST: {
+    case SetupInfoKey::VALUE_TYPE__INT_LIST: {
         QStringList items;
         for (int item : value.value<QList<int>>())
             items.append(QString::number(item));
@@ -111,39 +112,39 @@ bool inRange(qlonglong value, qlonglong low, qlonglong high)
 }
 
 // The typed value of the words given for a key; an empty result with *error set on bad input.
-QVariant parseValue(Info::VALUE_TYPE_E type, const QStringList& words, QString* error)
+QVariant parseValue(SetupInfoKey::VALUE_TYPE_E type, const QStringList& words, QString* error)
 {
-    if (type != Info::VALUE_TYPE__TEXT_LIST && words.size() != 1) {
+    if (type != SetupInfoKey::VALUE_TYPE__TEXT_LIST && words.size() != 1) {
         *error = words.isEmpty() ? QStringLiteral("settings set needs a value")
                                  : QStringLiteral("a %1 key takes one value (quote it if it has blanks)").arg(typeName(type));
         return QVariant();
     }
     qlonglong number = 0;
     switch (type) {
-    case Info::VALUE_TYPE__INT:
+    case SetupInfoKey::VALUE_TYPE__INT:
         if (parseInteger(words.first(), &number)
             && inRange(number, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()))
             return int(number);
         *error = QStringLiteral("'%1' is not an int").arg(words.first());
         return QVariant();
-    case Info::VALUE_TYPE__UINT:
+    case SetupInfoKey::VALUE_TYPE__UINT:
         if (parseInteger(words.first(), &number) && inRange(number, 0, std::numeric_limits<unsigned int>::max()))
             return static_cast<unsigned int>(number);
         *error = QStringLiteral("'%1' is not an unsigned int").arg(words.first());
         return QVariant();
-    case Info::VALUE_TYPE__BOOL: {
+    case SetupInfoKey::VALUE_TYPE__BOOL: {
         bool value = false;
         if (parseBool(words.first(), &value))
             return value;
         *error = QStringLiteral("'%1' is not a bool (true, false, on, off, yes, no, 1, 0)").arg(words.first());
         return QVariant();
     }
-    case Info::VALUE_TYPE__TEXT:
-    case Info::VALUE_TYPE__ANY_TEXT:
+    case SetupInfoKey::VALUE_TYPE__TEXT:
+    case SetupInfoKey::VALUE_TYPE__ANY_TEXT:
         return words.first();
-    case Info::VALUE_TYPE__TEXT_LIST:
+    case SetupInfoKey::VALUE_TYPE__TEXT_LIST:
         return words;
-    case Info::VALUE_TYPE__INT_LIST: {
+    case SetupInfoKey::VALUE_TYPE__INT_LIST: {
         std::vector<int> values;
         if (MSGCTR_ENG_Setup::toIntVectorFromString(&values, words.first(), QStringLiteral(",")))
             return QVariant::fromValue(QList<int>(values.begin(), values.end()));
@@ -167,14 +168,14 @@ QString describeError(MSGCTR_ERRCODE code)
 }
 
 // The keys named by [GROUP [KEY]]; empty with a usage message when nothing matches.
-QList<const Info::KEY_S*> selectKeys(const QStringList& args, const QString& verb, QString* error)
+QList<const SetupInfoKey*> selectKeys(const QStringList& args, const QString& verb, QString* error)
 {
-    QList<const Info::KEY_S*> keys;
+    QList<const SetupInfoKey*> keys;
     if (args.size() > 2) {
         *error = QStringLiteral("settings %1 takes at most GROUP and KEY").arg(verb);
         return keys;
     }
-    for (const Info::KEY_S& key : Info::keyTable()) {
+    for (const SetupInfoKey& key : SetupInfoKey::table()) {
         if ((args.isEmpty() || args.at(0) == QLatin1String(key.group))
             && (args.size() < 2 || args.at(1) == QLatin1String(key.key)))
             keys.append(&key);
@@ -190,10 +191,10 @@ QList<const Info::KEY_S*> selectKeys(const QStringList& args, const QString& ver
 int list(const QStringList& args)
 {
     QString error;
-    const QList<const Info::KEY_S*> keys = selectKeys(args, QStringLiteral("list"), &error);
+    const QList<const SetupInfoKey*> keys = selectKeys(args, QStringLiteral("list"), &error);
     if (keys.isEmpty())
         return usageError(error);
-    for (const Info::KEY_S* key : keys) {
+    for (const SetupInfoKey* key : keys) {
         out(QStringLiteral("%1 %2 %3 %4 default %5")
                 .arg(QLatin1String(key->group), QLatin1String(key->key), typeName(key->type), accessName(key->access),
                      formatValue(key->type, key->defaultValue)));
@@ -204,12 +205,12 @@ int list(const QStringList& args)
 int get(const QStringList& args)
 {
     QString error;
-    const QList<const Info::KEY_S*> keys = selectKeys(args, QStringLiteral("get"), &error);
+    const QList<const SetupInfoKey*> keys = selectKeys(args, QStringLiteral("get"), &error);
     if (keys.isEmpty())
         return usageError(error);
     MSGCTR_ENG_Setup store(MSGCTR_ENG_Setup::MSGCTR_APP_ID, MSGCTR_ENG_Setup::FLUSH_MODE__NOT_FLUSH);
-    for (const Info::KEY_S* key : keys) {
-        const QString value = formatValue(key->type, Info::readKey(store, *key));
+    for (const SetupInfoKey* key : keys) {
+        const QString value = formatValue(key->type, key->read(store));
         if (args.size() == 2) {
             out(value);
             continue;
@@ -227,21 +228,21 @@ int set(const QStringList& args)
     if (args.size() < 2)
         return usageError(QStringLiteral("settings set needs GROUP KEY VALUE"));
     QString error;
-    const QList<const Info::KEY_S*> keys = selectKeys(args.mid(0, 2), QStringLiteral("set"), &error);
+    const QList<const SetupInfoKey*> keys = selectKeys(args.mid(0, 2), QStringLiteral("set"), &error);
     if (keys.isEmpty())
         return usageError(error);
-    const Info::KEY_S& key = *keys.first();
+    const SetupInfoKey& key = *keys.first();
     const QVariant value = parseValue(key.type, args.mid(2), &error);
     if (!value.isValid())
         return usageError(error);
     MSGCTR_ENG_Setup store(MSGCTR_ENG_Setup::MSGCTR_APP_ID, MSGCTR_ENG_Setup::FLUSH_MODE__FLUSH);
-    const MSGCTR_ERRCODE code = Info::writeKey(store, key, value);
+    const MSGCTR_ERRCODE code = key.write(store, value);
     if (MSGCTR_ERRCODE_IS_ERROR(code))
         return failure(QStringLiteral("cannot set %1 %2: %3 (result %4)")
                            .arg(QLatin1String(key.group), QLatin1String(key.key), describeError(code))
                            .arg(code));
     out(QStringLiteral("%1 %2 = %3")
-            .arg(QLatin1String(key.group), QLatin1String(key.key), formatValue(key.type, Info::readKey(store, key))));
+            .arg(QLatin1String(key.group), QLatin1String(key.key), formatValue(key.type, key.read(store))));
     return ExitOk;
 }
 

@@ -1,5 +1,6 @@
 // msgctr [--root DIR] <family> <verb> [args...]: every feature of the message-centre library at the
 // command line, run against the host platform under DIR.
+#include "Catalogue.h"
 #include "Command.h"
 
 #include "ZorHostControl.h"
@@ -80,6 +81,7 @@ int main(int argc, char** argv)
         return args.isEmpty() ? ExitUsage : ExitOk;
     }
 
+    loadSystemLanguageCatalogue();
     const QString familyName = args.takeFirst();
     const std::vector<Family> families = allFamilies();
     const auto family = std::find_if(families.begin(), families.end(),

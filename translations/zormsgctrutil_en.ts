@@ -1,0 +1,105 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>FMT_RID_AIA_MMS_2</source>
+        <translation>MMS: %2</translation>
+    </message>
+    <message>
+        <source>FMT_RID_AIA_SMS_2</source>
+        <translation>SMS: %2</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_AUTOMATIC</source>
+        <comment>AUTOMATIC</comment>
+        <translation>AUTOMATIC</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_CZECH</source>
+        <comment>CZECH</comment>
+        <translation>CZECH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_DANISH</source>
+        <comment>DANISH</comment>
+        <translation>DANISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_DUTCH</source>
+        <comment>DUTCH</comment>
+        <translation>DUTCH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_ENGLISH</source>
+        <comment>ENGLISH</comment>
+        <translation>ENGLISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_FINNISH</source>
+        <comment>FINNISH</comment>
+        <translation>FINNISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_FRENCH</source>
+        <comment>FRENCH</comment>
+        <translation>FRENCH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_GERMAN</source>
+        <comment>GERMAN</comment>
+        <translation>GERMAN</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_GREEK</source>
+        <comment>GREEK</comment>
+        <translation>GREEK</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_HUNGARIAN</source>
+        <comment>HUNGARIAN</comment>
+        <translation>HUNGARIAN</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_ITALIAN</source>
+        <comment>ITALIAN</comment>
+        <translation>ITALIAN</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_NORWEGIAN</source>
+        <comment>NORWEGIAN</comment>
+        <translation>NORWEGIAN</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_POLISH</source>
+        <comment>POLISH</comment>
+        <translation>POLISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_PORTUGUESE</source>
+        <comment>PORTUGUESE</comment>
+        <translation>PORTUGUESE</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_SPANISH</source>
+        <comment>SPANISH</comment>
+        <translation>SPANISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_SWEDISH</source>
+        <comment>SWEDISH</comment>
+        <translation>SWEDISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_COMBOBOX_TURKISH</source>
+        <comment>TURKISH</comment>
+        <translation>TURKISH</translation>
+    </message>
+    <message>
+        <source>TXT_RID_HEADER_SIM_CARD</source>
+        <comment>SIM Card</comment>
+        <translation>SIM Card</translation>
+    </message>
+</context>
+</TS>
