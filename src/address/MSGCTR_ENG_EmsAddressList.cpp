@@ -4,7 +4,6 @@
 #include "MSGCTR_ENG_Addrbk.h"
 #include "MSGCTR_ENG_StrUti.h"
 
-#include <QRegularExpression>
 #include <limits>
 
 namespace {
@@ -40,9 +39,9 @@ bool MSGCTR_ENG_EmsAddressList::hasMoreAddress() const
 
 QStringList MSGCTR_ENG_EmsAddressList::getRawAddrList(const QString& text)
 {
-    static const QRegularExpression semicolon(QStringLiteral(";"));
+    // A plain character replace: a pattern matcher finds nothing in a text that is not valid UTF-16.
     QString s = text.simplified();
-    s.replace(semicolon, QStringLiteral(","));
+    s.replace(QLatin1Char(';'), kSeparator);
     s = MSGCTR_ENG_StrUti::removeAllWhiteSpaceChars(s);
     return s.split(kSeparator, Qt::SkipEmptyParts);
 }

@@ -2,10 +2,11 @@
 
 #include "MSGCTR_ENG_QByteArrUti.h"
 #include "MSGCTR_ENG_StrUti.h"
+#include "foundation/MsgctrReport.h"
 
 #include <QDataStream>
+#include <QtEndian>
 #include <QIODevice>
-#include <QRegularExpression>
 
 #include <cerrno>
 
@@ -32,10 +33,28 @@ QByteArray toDataStreamBytes(const T& value)
     return bytes;
 }
 
+// A list's serialised item count comes first and the stream reserves room for that many items before
+// reading one. Every item takes at least its 4-byte length, so a count the remaining bytes cannot hold is
+// damage, refused before it costs an allocation the data does not justify.
+bool itemCountFits(const QByteArray& bytes, const QStringList*)
+{
+    if (bytes.size() < 4)
+        return false;
+    const quint32 count = qFromBigEndian<quint32>(bytes.constData());
+    return count <= static_cast<quint32>((bytes.size() - 4) / 4);
+}
+
+bool itemCountFits(const QByteArray&, const QString*)
+{
+    return true;
+}
+
 // False when the bytes are not exactly one value of the type.
 template <typename T>
 bool fromDataStreamBytes(const QByteArray& bytes, T* out)
 {
+    if (!itemCountFits(bytes, out))
+        return false;
     QDataStream stream(bytes);
     stream.setVersion(MSGCTR_ENG_Setup::DATA_STREAM_VERSION);
     stream.setByteOrder(QDataStream::BigEndian);
@@ -54,8 +73,11 @@ void readDataStreamEntry(MSGCTR_ENG_Setup& setup, const QString& group, const QS
     const QByteArray defaultBytes = toDataStreamBytes(defaultValue);
     QByteArray bytes = defaultBytes;
     setup.getEntry(group, key, &bytes, defaultBytes);
-    if (!fromDataStreamBytes(bytes, out))
+    if (!fromDataStreamBytes(bytes, out)) {
+        MSGCTR_MILD_ASSERT_FAIL_REPORT("fromDataStreamBytes(bytes, out)")
+            << MSGCTR_VAL(group) << MSGCTR_VAL(key);
         *out = defaultValue;
+    }
 }
 
 bool subHexQstring2ByteArray(const QString& text, QByteArray* out)
@@ -261,8 +283,17 @@ QString MSGCTR_ENG_Setup::validCharChkRegExpForStringToSaveToCfg()
     return QStringLiteral("[^\\[\\]\\r\\n\\=]");
 }
 
+// The characters of invalidCharChkRegExpForStringToSaveToCfg(), looked for one by one: a pattern matcher
+// finds nothing in a text that is not valid UTF-16, and any text must be checked.
 bool MSGCTR_ENG_Setup::isValidStringToSaveToCfg(const QString& text)
 {
-    static const QRegularExpression invalid(invalidCharChkRegExpForStringToSaveToCfg());
-    return !text.contains(invalid);
+    for (const QChar c : text) {
+        switch (c.unicode()) {
+        case '[': case ']': case '\r': case '\n': case '=':
+            return false;
+        default:
+            break;
+        }
+    }
+    return true;
 }

@@ -293,12 +293,13 @@ bool MSGCTR_ENG_StrUti::isValidHexString(const QString& text)
     return true;
 }
 
+// The last occurrence ends at the end exactly when the text's tail is the ending; comparing the tail
+// gives that answer for every text, where lastIndexOf is off by one for an ending of "\0".
 bool MSGCTR_ENG_StrUti::endsWith(const QString& text, const QString& ending)
 {
-    const qsizetype at = text.lastIndexOf(ending);
-    if (at < 0)
+    if (ending.size() > text.size())
         return false;
-    return at + ending.length() == text.length();
+    return QStringView(text).sliced(text.size() - ending.size()) == QStringView(ending);
 }
 
 QString MSGCTR_ENG_StrUti::removeAllWhiteSpaceChars(const QString& text)

@@ -3,6 +3,8 @@
 #include "MSGCTR_ENG_Addrbk.h"
 #include "MSGCTR_ENG_EmsAddressList.h"
 
+#include <string>
+
 namespace {
 
 struct RawListCase {
@@ -32,6 +34,32 @@ INSTANTIATE_TEST_SUITE_P(
         RawListCase{"1\t2\n3\r\n,4", {"123", "4"}}, RawListCase{"x;y;x", {"x", "y", "x"}},
         RawListCase{"a b c @ d", {"abc@d"}}, RawListCase{";;;a;;;", {"a"}},
         RawListCase{"\xc3\xa9l\xc3\xa8ve@ex , 1", {"\xc3\xa9l\xc3\xa8ve@ex", "1"}}));
+
+// Texts that are not valid UTF-16 (unpaired surrogates) are split by the same separator rules.
+struct SurrogateListCase {
+    const char* name;
+    QString text;
+    QStringList expected;
+};
+
+class SurrogateAddrListTest : public HostRootTest, public ::testing::WithParamInterface<SurrogateListCase> {};
+
+TEST_P(SurrogateAddrListTest, SplitsAtEverySeparator)
+{
+    EXPECT_EQ(MSGCTR_ENG_EmsAddressList::getRawAddrList(GetParam().text), GetParam().expected);
+    EXPECT_EQ(MSGCTR_ENG_EmsAddressList::marshalAddrList(GetParam().text), GetParam().expected.join(QLatin1Char(',')));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    UnpairedSurrogates, SurrogateAddrListTest,
+    ::testing::Values(
+        SurrogateListCase{"HighSurrogateAtTheEnd", QStringLiteral("1;2") + QChar(0xD800),
+                          {QStringLiteral("1"), QStringLiteral("2") + QChar(0xD800)}},
+        SurrogateListCase{"LowSurrogateFirst", QChar(0xDC00) + QStringLiteral(" ;a ; b"),
+                          {QString(QChar(0xDC00)), QStringLiteral("a"), QStringLiteral("b")}},
+        SurrogateListCase{"SurrogateBetweenSeparators", QStringLiteral(";") + QChar(0xDBFF) + QStringLiteral(";;3"),
+                          {QString(QChar(0xDBFF)), QStringLiteral("3")}}),
+    [](const ::testing::TestParamInfo<SurrogateListCase>& info) { return std::string(info.param.name); });
 
 TEST_F(HostRootTest, TypedListNormalisesToCanonicalText)
 {

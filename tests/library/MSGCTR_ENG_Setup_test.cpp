@@ -8,10 +8,13 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <cerrno>
 #include <functional>
+#include <string>
+#include <utility>
 
 namespace {
 
@@ -222,6 +225,33 @@ TEST_F(SetupTest, CheckPatternsAreTheStoresForbiddenCharacters)
     EXPECT_TRUE(MSGCTR_ENG_Setup::isValidStringToSaveToCfg(QStringLiteral("rn")));
     EXPECT_TRUE(MSGCTR_ENG_Setup::isValidStringToSaveToCfg(QStringLiteral("R N \\r \\n")));
 }
+
+// Texts that are not valid UTF-16: the character check still sees every character of them.
+struct SurrogateTextCase {
+    const char* name;
+    QString text;
+    bool valid;
+};
+
+class SetupSurrogateTextTest : public SetupTest, public ::testing::WithParamInterface<SurrogateTextCase> {};
+
+TEST_P(SetupSurrogateTextTest, ForbiddenCharactersAreFoundInAnyText)
+{
+    EXPECT_EQ(MSGCTR_ENG_Setup::isValidStringToSaveToCfg(GetParam().text), GetParam().valid);
+    if (!GetParam().valid) {
+        EXPECT_EQ(store().setEntry(G, K, GetParam().text, false), MSGCTR_ERRCODE__SETUP_INVALID_CHAR);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    UnpairedSurrogates, SetupSurrogateTextTest,
+    ::testing::Values(
+        SurrogateTextCase{"EqualsBeforeAHighSurrogate", QStringLiteral("a=") + QChar(0xD800), false},
+        SurrogateTextCase{"BracketAfterALowSurrogate", QChar(0xDC00) + QStringLiteral("[x"), false},
+        SurrogateTextCase{"LineFeedBetweenTwoHighSurrogates",
+                          QString(QChar(0xD800)) + QChar(u'\n') + QChar(0xDBFF), false},
+        SurrogateTextCase{"NoForbiddenCharacter", QStringLiteral("1;2") + QChar(0xD800), true}),
+    [](const ::testing::TestParamInfo<SurrogateTextCase>& info) { return std::string(info.param.name); });
 
 // The failing store operation for each kind of write.
 struct FailingWrite {
@@ -549,6 +579,55 @@ TEST_F(SetupTest, MissingOrDamagedTextListReadsTheDefault)
     read = QStringList{QStringLiteral("caller")};
     store().getEntry(G, K, &read, def);
     EXPECT_EQ(read, def);
+}
+
+// The report of a stored value that is no data stream of its type, for the key K of group G.
+bool isDamagedValueReport(const QString& line)
+{
+    static const QRegularExpression report(QStringLiteral(
+        "^MSGCTR_ENG_Setup\\.cpp\\(\\d+\\)\\[readDataStreamEntry\\]\\d+:  warning ! mild_assert fail at "
+        "\"fromDataStreamBytes\\(bytes, out\\)\"; group = \"GROUP_TEST\"\\(QString, len=10\\), "
+        "key = \"KEY\"\\(QString, len=3\\), $"));
+    return report.match(line).hasMatch();
+}
+
+// Every item of a stored list takes at least four bytes, so a count the bytes cannot hold is damage: the
+// read gives the default and a report, and never reserves room for the count first.
+class SetupItemCountTest : public SetupTest, public ::testing::WithParamInterface<std::pair<const char*, const char*>> {};
+
+TEST_P(SetupItemCountTest, TextListReadsTheDefaultAndReports)
+{
+    const QByteArray stream = QByteArray::fromHex(GetParam().second);
+    putRawText(QString::fromLatin1(stream.toHex().toUpper()) + crcHex(stream));
+    const QStringList def{QStringLiteral("d1"), QStringLiteral("d2")};
+    QStringList read{QStringLiteral("caller")};
+    store().getEntry(G, K, &read, def);
+    EXPECT_EQ(read, def);
+    const QStringList lines = takeReportLines();
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(isDamagedValueReport(lines.first())) << lines.first().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    DamagedCounts, SetupItemCountTest,
+    ::testing::Values(std::make_pair("HugeCountBeforeOneItem", "FFFFFFF0000000020061"),
+                      std::make_pair("LargestCount", "FFFFFFFF"),
+                      std::make_pair("CountOfTwoWithOneItem", "00000002000000020061"),
+                      std::make_pair("NoCountAtAll", "000000")),
+    [](const ::testing::TestParamInfo<std::pair<const char*, const char*>>& info) {
+        return std::string(info.param.first);
+    });
+
+TEST_F(SetupTest, AnyTextThatIsNoStreamTextReadsTheDefaultAndReports)
+{
+    const QByteArray notAStream = QByteArray::fromHex("00000009");
+    putRawText(QStringLiteral("00000009") + crcHex(notAStream));
+    QString read = QStringLiteral("caller");
+    store().getEntryAnyQstr(G, K, &read, QStringLiteral("def"));
+    EXPECT_EQ(read, QStringLiteral("def"));
+    const QStringList lines = takeReportLines();
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(isDamagedValueReport(lines.first())) << lines.first().toStdString();
 }
 
 TEST_F(SetupTest, WriteThroughIsSeenByAnotherHandleAtOnce)

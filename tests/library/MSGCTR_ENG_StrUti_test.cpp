@@ -460,6 +460,26 @@ TEST_F(StrUtiTest, EndsWith)
     EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(QStringLiteral("abab"), QStringLiteral("ab")));
 }
 
+// The answer is the text's own tail, also for endings holding a zero character.
+TEST_F(StrUtiTest, EndsWithAZeroCharacter)
+{
+    const QString zero(QChar(u'\0'));
+    EXPECT_FALSE(MSGCTR_ENG_StrUti::endsWith(QStringLiteral("ab"), zero));
+    EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(QStringLiteral("ab") + zero, zero));
+    EXPECT_FALSE(MSGCTR_ENG_StrUti::endsWith(zero + QStringLiteral("ab"), zero));
+    EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(QStringLiteral("a") + zero + QStringLiteral("b"),
+                                            zero + QStringLiteral("b")));
+    EXPECT_FALSE(MSGCTR_ENG_StrUti::endsWith(QString(), zero));
+    EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(zero, zero));
+}
+
+TEST_F(StrUtiTest, EndsWithAnEmptyEnding)
+{
+    EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(QStringLiteral("ab"), QString()));
+    EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(QStringLiteral("ab"), QLatin1String("")));
+    EXPECT_TRUE(MSGCTR_ENG_StrUti::endsWith(QString(), QString()));
+}
+
 TEST_F(StrUtiTest, RemoveAllWhiteSpaceChars)
 {
     EXPECT_EQ(MSGCTR_ENG_StrUti::removeAllWhiteSpaceChars(QStringLiteral(" a  \tb\n c ")), QStringLiteral("abc"));
