@@ -179,8 +179,10 @@ StateFile::ReadResult StateFile::read(QByteArray* data, FileStamp* stamp, FileHo
     if (fd < 0) {
         if (errno == ENOENT || errno == ENOTDIR)
             return ReadResult::Absent;
-        if (errno == ENXIO) // a FIFO without a writer, or a socket
+        if (errno == ENXIO) { // a socket
+            FileStamp::of(m_encodedPath, stamp);
             return ReadResult::NotRegular;
+        }
         return ReadResult::Failed;
     }
     struct stat st;

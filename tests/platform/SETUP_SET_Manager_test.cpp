@@ -9,10 +9,13 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -816,11 +819,40 @@ int inChildWithin(unsigned seconds, Body body)
     });
 }
 
-TEST_F(SetupSetManagerTest, FifoInPlaceOfTheFileIsRefusedAtOnceAndLeftAlone)
+// What can stand in the store file's place without being a regular file.
+enum class NotAFile { Fifo, Socket, Folder };
+
+bool makeInPlace(NotAFile kind, const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    switch (kind) {
+    case NotAFile::Fifo:
+        return ::mkfifo(name.constData(), 0644) == 0;
+    case NotAFile::Socket: {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        if (size_t(name.size()) >= sizeof address.sun_path)
+            return false;
+        std::memcpy(address.sun_path, name.constData(), size_t(name.size()));
+        const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        const bool bound = fd >= 0 && ::bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+        if (fd >= 0)
+            ::close(fd);
+        return bound;
+    }
+    case NotAFile::Folder:
+        return QDir().mkpath(path);
+    }
+    return false;
+}
+
+class SetupSetManagerNotAFileTest : public SetupSetManagerTest, public ::testing::WithParamInterface<NotAFile> {};
+
+TEST_P(SetupSetManagerNotAFileTest, RefusedAtOnceReportedOnceAndLeftAlone)
 {
     const QString path = storeFile();
     QDir().mkpath(QFileInfo(path).absolutePath());
-    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0644), 0);
+    ASSERT_TRUE(makeInPlace(GetParam(), path));
     const int result = inChildWithin(20, [&]() -> int {
         ::testing::internal::CaptureStderr();
         SETUP_SET_Manager store(AM_Global::APP_MESSAGING, true);
@@ -841,6 +873,17 @@ TEST_F(SetupSetManagerTest, FifoInPlaceOfTheFileIsRefusedAtOnceAndLeftAlone)
     EXPECT_FALSE(QFileInfo(path).isFile());
     EXPECT_TRUE(QFileInfo(path).exists());
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, SetupSetManagerNotAFileTest,
+                         ::testing::Values(NotAFile::Fifo, NotAFile::Socket, NotAFile::Folder),
+                         [](const ::testing::TestParamInfo<NotAFile>& info) {
+                             switch (info.param) {
+                             case NotAFile::Fifo: return std::string("Fifo");
+                             case NotAFile::Socket: return std::string("Socket");
+                             case NotAFile::Folder: return std::string("Folder");
+                             }
+                             return std::string("Unknown");
+                         });
 
 TEST_F(SetupSetManagerTest, ReadsTakeNoLockFile)
 {
