@@ -109,7 +109,15 @@ void checkIntList(MSGCTR_ENG_Setup& store, const QString& raw)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     fuzz::init();
-    const QString raw = fuzz::text(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+    // The first byte chooses what the rest is: the stored text itself, or (odd) the bytes of a byte array
+    // value, framed here with their checksum so that the fuzzer reaches the data streams inside.
+    fuzz::Input input(data, size);
+    const bool framed = input.byte() & 1;
+    QString raw;
+    if (framed)
+        MSGCTR_ENG_Setup::byteArray2HexQstring(MSGCTR_ENG_QByteArrUti::qbyteArrWithCrc(input.rest()), &raw);
+    else
+        raw = fuzz::text(input.rest());
     MSGCTR_ENG_Setup store(QStringLiteral("fuzz"), MSGCTR_ENG_Setup::FLUSH_MODE__NOT_FLUSH);
 
     // The typed text write guards the characters the store's lines cannot hold.
