@@ -50,6 +50,7 @@ void writeName(const std::u16string& name, unsigned short* out)
     std::copy(name.begin(), name.end(), out);
 }
 
+// The one SIM check of every call that needs the card: TAPI_RESULT_SUCC (0) when it is usable.
 int needSim(const State& s)
 {
     return s.simUsable() ? TAPI_RESULT_SUCC : TAPI_RESULT_SIM_NOT_READY;
@@ -61,8 +62,8 @@ int setNumber(const char* number, std::string State::*field)
     if (!readNumber(number, &value))
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         s.*field = value;
         return TAPI_RESULT_SUCC;
     });
@@ -73,8 +74,8 @@ int getNumber(char* number, std::string State::*field)
     if (!number)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         writeNumber(s.*field, number);
         return TAPI_RESULT_SUCC;
     });
@@ -114,8 +115,8 @@ int listCall(int* count, T** list, const std::function<std::vector<T>(const Stat
         return handOver<T>(count, list, {}, TAPI_RESULT_INVALID_PARAM);
     std::vector<T> values;
     const int result = withState(false, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         values = items(s);
         return TAPI_RESULT_SUCC;
     });
@@ -173,8 +174,8 @@ int TAPI_SIM_GetUSIMFileInfo(unsigned char fileId, unsigned char, unsigned short
     if (!info)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         const auto it = s.usimRules.find(fileId);
         if (it == s.usimRules.end())
             return TAPI_RESULT_NOT_FOUND;
@@ -212,8 +213,8 @@ int TAPI_SMS_NotifyMeStorageFull(void)
 {
     ZORHOST_ENTER(fault) return fault;
     return withState(true, [](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         s.storageNotification = 1;
         return TAPI_RESULT_SUCC;
     });
@@ -223,8 +224,8 @@ int TAPI_SMS_NotifyMeStorageAvail(void)
 {
     ZORHOST_ENTER(fault) return fault;
     return withState(true, [](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         s.storageNotification = 0;
         return TAPI_RESULT_SUCC;
     });
@@ -282,8 +283,8 @@ int TAPI_CB_AddChannel(unsigned short channel)
     if (channel == 65535)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         if (std::find(s.channels.begin(), s.channels.end(), channel) != s.channels.end())
             return TAPI_RESULT_SUCC;
         if (s.channels.size() >= TAPI_CB_MAX_CHANNELS)
@@ -299,8 +300,8 @@ int TAPI_CB_DeleteChannel(unsigned short channel)
     if (channel == 65535)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         const auto it = std::find(s.channels.begin(), s.channels.end(), channel);
         if (it == s.channels.end())
             return TAPI_RESULT_NOT_FOUND;
@@ -325,8 +326,8 @@ int TAPI_CB_SetLanguage(unsigned short slot, unsigned char language)
 {
     ZORHOST_ENTER(fault) return fault;
     return withState(true, [&](State& s) -> int {
-        if (!s.simUsable())
-            return TAPI_RESULT_SIM_NOT_READY;
+        if (const int r = needSim(s))
+            return r;
         if (slot >= s.languageSlots.size())
             return TAPI_RESULT_INVALID_PARAM;
         s.languageSlots[slot] = language;
