@@ -487,15 +487,18 @@ TEST_F(ZorHostControlTest, ResetAllRemovesPlatformStateButNothingElseUnderTheRoo
     device.close();
     ASSERT_TRUE(ZorHost::injectFault(QStringLiteral("TAPI_CB_SetStatus"), 1, -1));
     ASSERT_EQ(TAPI_CB_SetStatus(1), 1);
-    int dropped = 0;
-    ZorHostCore::registerReset("sim", [&dropped] { ++dropped; });
+    // Reset hooks stay registered for the whole process, so this one lives in a child.
+    Child child([] {
+        int dropped = 0;
+        ZorHostCore::registerReset("sim", [&dropped] { ++dropped; });
+        ZorHost::resetAll();
+        return dropped;
+    });
 
-    ZorHost::resetAll();
-
+    EXPECT_EQ(child.wait(), 1);
     EXPECT_TRUE(QFileInfo::exists(mine.fileName()));
     EXPECT_FALSE(QFileInfo::exists(state.path()));
     EXPECT_FALSE(QFileInfo::exists(device.fileName()));
-    EXPECT_EQ(dropped, 1);
     EXPECT_EQ(TAPI_CB_SetStatus(1), TAPI_RESULT_SUCC);
     EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_CB_SetStatus")), 1);
 }
