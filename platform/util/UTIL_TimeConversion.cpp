@@ -1,6 +1,6 @@
 #include "UTIL_TimeConversion.h"
 
-#include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 #include "ZorHostSystemZone.h"
 
 #include <QRegularExpression>
@@ -8,11 +8,6 @@
 #include <climits>
 
 namespace {
-
-void countCall(const char* operation)
-{
-    ZorHostCore::enter(operation, nullptr);
-}
 
 bool fitsInt(qint64 value)
 {
@@ -40,7 +35,7 @@ bool secondsOf(const QDateTime& dateTime, qint64* seconds)
 
 int UTIL_TimeConversion::toUTC(const QDateTime& dateTime)
 {
-    countCall("UTIL_TimeConversion::toUTC");
+    ZORHOST_COUNT();
     qint64 seconds = 0;
     if (!secondsOf(dateTime, &seconds) || !fitsInt(seconds))
         return -1;
@@ -49,13 +44,13 @@ int UTIL_TimeConversion::toUTC(const QDateTime& dateTime)
 
 QDateTime UTIL_TimeConversion::fromUTC(int utc)
 {
-    countCall("UTIL_TimeConversion::fromUTC");
+    ZORHOST_COUNT();
     return QDateTime::fromSecsSinceEpoch(utc, ZorHostSystemZone::zone());
 }
 
 QByteArray UTIL_TimeConversion::toISO8601(const QDate& date)
 {
-    countCall("UTIL_TimeConversion::toISO8601");
+    ZORHOST_COUNT();
     if (!date.isValid() || date.year() < 0 || date.year() > 9999)
         return QByteArray();
     return QByteArray::number(date.year()).rightJustified(4, '0')
@@ -65,7 +60,7 @@ QByteArray UTIL_TimeConversion::toISO8601(const QDate& date)
 
 QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& dateTime)
 {
-    countCall("UTIL_TimeConversion::toISO8601");
+    ZORHOST_COUNT();
     qint64 seconds = 0;
     if (!secondsOf(dateTime, &seconds))
         return QByteArray();
@@ -81,7 +76,7 @@ QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& dateTime)
 
 QDateTime UTIL_TimeConversion::fromISO8601(const QByteArray& text)
 {
-    countCall("UTIL_TimeConversion::fromISO8601");
+    ZORHOST_COUNT();
     static const QRegularExpression compact(QStringLiteral(
         "^(\\d{4})(\\d{2})(\\d{2})(?:T(\\d{2})(\\d{2})(\\d{2})?(Z|[+-]\\d{2}(?:\\d{2})?)?)?$"));
     static const QRegularExpression extended(QStringLiteral(

@@ -11,7 +11,7 @@
 //      daylight-saving or not: it is read with the offset in force before the change.
 //
 // Calls are counted under their qualified names ("UTIL_TimeConversion::toUTC", ZorHost::callCount);
-// these operations have no result code, so injected faults do not apply to them.
+// these operations have no result code, so ZorHost::injectFault refuses them.
 #pragma once
 
 #include <QByteArray>
