@@ -1,6 +1,6 @@
 #include "DmtNode.h"
 
-#include "DmtEntry.h"
+#include "ZorHostEntry.h"
 #include "DmtResult.h"
 #include "DmtTreeFactory.h"
 
@@ -17,7 +17,7 @@ DmtNode::~DmtNode() = default;
 
 int DmtNode::GetValue(DmtData& value) const
 {
-    DMT_ENTER("DmtNode::GetValue");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     return m_tree->readValue(m_path, &value);
@@ -25,7 +25,7 @@ int DmtNode::GetValue(DmtData& value) const
 
 int DmtNode::SetValue(const DmtData& value)
 {
-    DMT_ENTER("DmtNode::SetValue");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     return m_tree->writeValue(m_path, value);

@@ -1,7 +1,7 @@
 #include "DmtTree.h"
 
 #include "DmStore.h"
-#include "DmtEntry.h"
+#include "ZorHostEntry.h"
 #include "DmtNode.h"
 #include "DmtResult.h"
 #include "DmtTreeFactory.h"
@@ -83,7 +83,7 @@ int DmtTree::write(const std::function<int()>& change)
 
 int DmtTree::GetNode(const char* path, PDmtNode& node)
 {
-    DMT_ENTER("DmtTree::GetNode");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     std::string target;
@@ -98,7 +98,7 @@ int DmtTree::GetNode(const char* path, PDmtNode& node)
 
 int DmtTree::DeleteNode(const char* path)
 {
-    DMT_ENTER("DmtTree::DeleteNode");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     std::string target;
@@ -116,7 +116,7 @@ int DmtTree::DeleteNode(const char* path)
 
 int DmtTree::CreateLeafNode(const char* path, PDmtNode& node, const DmtData& value)
 {
-    DMT_ENTER("DmtTree::CreateLeafNode");
+    ZORHOST_ENTER(fault) return fault;
     if (value.GetType() == DMT_DATA_NULL)
         return DMT_RESULT_INVALID_PARAM;
     return createNode(path, node, &value);
@@ -124,7 +124,7 @@ int DmtTree::CreateLeafNode(const char* path, PDmtNode& node, const DmtData& val
 
 int DmtTree::CreateInteriorNode(const char* path, PDmtNode& node)
 {
-    DMT_ENTER("DmtTree::CreateInteriorNode");
+    ZORHOST_ENTER(fault) return fault;
     return createNode(path, node, nullptr);
 }
 
@@ -170,7 +170,7 @@ int DmtTree::createNode(const char* path, PDmtNode& node, const DmtData* value)
 
 int DmtTree::GetChildValuesMap(const char* path, DMMap<DMString, DmtData>& leaves)
 {
-    DMT_ENTER("DmtTree::GetChildValuesMap");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     std::string target;
@@ -190,7 +190,7 @@ int DmtTree::GetChildValuesMap(const char* path, DMMap<DMString, DmtData>& leave
 
 int DmtTree::SetChildValuesMap(const char* path, const DMMap<DMString, DmtData>& leaves)
 {
-    DMT_ENTER("DmtTree::SetChildValuesMap");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     std::string target;
@@ -231,7 +231,7 @@ int DmtTree::SetChildValuesMap(const char* path, const DMMap<DMString, DmtData>&
 
 int DmtTree::GetChildNodeNames(const char* path, DMStringVector& names)
 {
-    DMT_ENTER("DmtTree::GetChildNodeNames");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     std::string target;
@@ -251,7 +251,7 @@ int DmtTree::GetChildNodeNames(const char* path, DMStringVector& names)
 
 int DmtTree::Flush()
 {
-    DMT_ENTER("DmtTree::Flush");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     if (!m_pendingWrites)
@@ -265,7 +265,7 @@ int DmtTree::Flush()
 
 int DmtTree::Begin()
 {
-    DMT_ENTER("DmtTree::Begin");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized())
         return DMT_RESULT_FAIL;
     if (m_transaction)
@@ -284,7 +284,7 @@ int DmtTree::Begin()
 
 int DmtTree::Commit()
 {
-    DMT_ENTER("DmtTree::Commit");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized() || !m_transaction)
         return DMT_RESULT_FAIL;
     const int result = m_store->exec("COMMIT");
@@ -294,7 +294,7 @@ int DmtTree::Commit()
 
 int DmtTree::Rollback()
 {
-    DMT_ENTER("DmtTree::Rollback");
+    ZORHOST_ENTER(fault) return fault;
     if (!DmtTreeFactory::IsInitialized() || !m_transaction)
         return DMT_RESULT_FAIL;
     const int result = m_store->exec("ROLLBACK");

@@ -1,7 +1,7 @@
 #include "DmtTreeFactory.h"
 
 #include "DmStore.h"
-#include "DmtEntry.h"
+#include "ZorHostEntry.h"
 #include "DmtResult.h"
 
 #include <atomic>
@@ -14,14 +14,14 @@ std::atomic<int> g_initCount{0};
 
 bool DmtTreeFactory::Initialize()
 {
-    DMT_ENTER_BOOL("DmtTreeFactory::Initialize");
+    ZORHOST_ENTER(fault) return fault != 0;
     ++g_initCount;
     return true;
 }
 
 bool DmtTreeFactory::Uninitialize()
 {
-    DMT_ENTER_BOOL("DmtTreeFactory::Uninitialize");
+    ZORHOST_ENTER(fault) return fault != 0;
     int count = g_initCount.load();
     do {
         if (count < 1)
@@ -37,13 +37,13 @@ bool DmtTreeFactory::IsInitialized()
 
 int DmtTreeFactory::GetSubtree(const DmtPrincipal&, const char* path, PDmtTree& tree)
 {
-    DMT_ENTER("DmtTreeFactory::GetSubtree");
+    ZORHOST_ENTER(fault) return fault;
     return openSubtree(path, DMT_LOCK_AUTOMATIC, tree);
 }
 
 int DmtTreeFactory::GetSubtreeEx(const DmtPrincipal&, const char* path, int lockType, PDmtTree& tree)
 {
-    DMT_ENTER("DmtTreeFactory::GetSubtreeEx");
+    ZORHOST_ENTER(fault) return fault;
     return openSubtree(path, lockType, tree);
 }
 

@@ -2,6 +2,7 @@
 // name, and each one that can fail answers an injected fault with the fault's result, changing nothing.
 #include "HostRootTest.h"
 
+#include "DmtTreeFactory.h"
 #include "SETUP_SET_Manager.h"
 #include "SETUP_Utility.h"
 #include "TAPI.h"
@@ -60,7 +61,162 @@ int freed(int result, T* list)
     return result;
 }
 
+// One DM operation on the tree of the message settings, between an Initialize and an Uninitialize (each
+// counted under its own name).
+template <typename Use>
+int onMessageTree(Use use)
+{
+    DmtTreeFactory::Initialize();
+    int result = 0;
+    {
+        PDmtTree tree;
+        result = DmtTreeFactory::GetSubtree(DmtPrincipal("entry-test"), "./DevDetail/Ext/Conf/Msg", tree);
+        if (result == 0)
+            result = use(*tree);
+    }
+    DmtTreeFactory::Uninitialize();
+    return result;
+}
+
+int subtree(bool extended)
+{
+    DmtTreeFactory::Initialize();
+    int result = 0;
+    {
+        PDmtTree tree;
+        const DmtPrincipal principal("entry-test");
+        result = extended ? DmtTreeFactory::GetSubtreeEx(principal, ".", DMT_LOCK_AUTOMATIC, tree)
+                          : DmtTreeFactory::GetSubtree(principal, ".", tree);
+    }
+    DmtTreeFactory::Uninitialize();
+    return result;
+}
+
 const Operation kOperations[] = {
+    {"DmtNode::GetValue",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             PDmtNode node;
+             DmtData value;
+             const int found = tree.GetNode("SMS/Default", node);
+             return found != 0 ? found : node->GetValue(value);
+         });
+     },
+     kFault},
+    {"DmtNode::SetValue",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             PDmtNode node;
+             const int found = tree.GetNode("SMS/Default", node);
+             return found != 0 ? found : node->SetValue(DmtData(""));
+         });
+     },
+     kFault},
+    {"DmtTree::Begin",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             const int begun = tree.Begin();
+             if (begun == 0)
+                 tree.Rollback();
+             return begun;
+         });
+     },
+     kFault},
+    {"DmtTree::Commit",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             const int begun = tree.Begin();
+             return begun != 0 ? begun : tree.Commit();
+         });
+     },
+     kFault},
+    {"DmtTree::CreateInteriorNode",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             PDmtNode node;
+             const int created = tree.CreateInteriorNode("EntryTest", node);
+             if (created == 0)
+                 tree.DeleteNode("EntryTest");
+             return created;
+         });
+     },
+     kFault},
+    {"DmtTree::CreateLeafNode",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             PDmtNode node;
+             const int created = tree.CreateLeafNode("EntryTest", node, DmtData("leaf"));
+             if (created == 0)
+                 tree.DeleteNode("EntryTest");
+             return created;
+         });
+     },
+     kFault},
+    {"DmtTree::DeleteNode",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             PDmtNode node;
+             tree.CreateInteriorNode("EntryTest", node);
+             return tree.DeleteNode("EntryTest");
+         });
+     },
+     kFault},
+    {"DmtTree::Flush", [] { return onMessageTree([](DmtTree& tree) { return tree.Flush(); }); }, kFault},
+    {"DmtTree::GetChildNodeNames",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             DMStringVector names;
+             return tree.GetChildNodeNames("", names);
+         });
+     },
+     kFault},
+    {"DmtTree::GetChildValuesMap",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             DMMap<DMString, DmtData> leaves;
+             return tree.GetChildValuesMap("SMS", leaves);
+         });
+     },
+     kFault},
+    {"DmtTree::GetNode",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             PDmtNode node;
+             return tree.GetNode("SMS/Default", node);
+         });
+     },
+     kFault},
+    {"DmtTree::Rollback",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             const int begun = tree.Begin();
+             return begun != 0 ? begun : tree.Rollback();
+         });
+     },
+     kFault},
+    {"DmtTree::SetChildValuesMap",
+     [] {
+         return onMessageTree([](DmtTree& tree) {
+             DMMap<DMString, DmtData> leaves;
+             leaves.put(DMString("Default"), DmtData(""));
+             return tree.SetChildValuesMap("SMS", leaves);
+         });
+     },
+     kFault},
+    {"DmtTreeFactory::GetSubtree", [] { return subtree(false); }, kFault},
+    {"DmtTreeFactory::GetSubtreeEx", [] { return subtree(true); }, kFault},
+    // A faulted Initialize answers true but opens nothing, so the factory is not initialised after it.
+    {"DmtTreeFactory::Initialize",
+     [] {
+         const bool answered = DmtTreeFactory::Initialize();
+         const bool opened = DmtTreeFactory::IsInitialized();
+         if (opened)
+             DmtTreeFactory::Uninitialize();
+         return answered && opened ? 0 : kFault;
+     },
+     kFault},
+    // Nothing is open, so an Uninitialize fails unless a fault answers it (as true).
+    {"DmtTreeFactory::Uninitialize", [] { return DmtTreeFactory::Uninitialize() ? kFault : 0; }, kFault},
     {"SETUP_SET_Manager::flush", [] { return errnoUnless(store().flush()); }, kFault},
     {"SETUP_SET_Manager::getBool",
      [] {
