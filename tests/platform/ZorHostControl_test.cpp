@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <memory>
 
 namespace {
 
@@ -121,17 +122,35 @@ TEST_F(ZorHostControlTest, ResetAllRemovesPlatformStateButNothingElseUnderTheRoo
     ASSERT_TRUE(device.open(QIODevice::WriteOnly));
     device.close();
     ZorHost::injectFault(QStringLiteral("OP"), 1, -1);
-    int dropped = 0;
-    ZorHostCore::registerReset("sim", [&dropped] { ++dropped; });
+    const auto dropped = std::make_shared<int>(0);
+    const int hook = ZorHostCore::registerReset("sim", [dropped] { ++*dropped; });
 
     ZorHost::resetAll();
+    ZorHostCore::unregisterReset(hook);
 
     EXPECT_TRUE(QFileInfo::exists(mine.fileName()));
     EXPECT_FALSE(QFileInfo::exists(state.path()));
     EXPECT_FALSE(QFileInfo::exists(device.fileName()));
-    EXPECT_EQ(dropped, 1);
+    EXPECT_EQ(*dropped, 1);
     int result = 0;
     EXPECT_FALSE(ZorHostCore::enter("OP", &result));
+}
+
+TEST_F(ZorHostControlTest, UnregisteredResetHookIsNoLongerRun)
+{
+    const auto kept = std::make_shared<int>(0);
+    const auto removed = std::make_shared<int>(0);
+    const int keptHook = ZorHostCore::registerReset("kept", [kept] { ++*kept; });
+    const int removedHook = ZorHostCore::registerReset("removed", [removed] { ++*removed; });
+    EXPECT_NE(keptHook, removedHook);
+
+    ZorHostCore::unregisterReset(removedHook);
+    ZorHost::resetAll();
+    ZorHostCore::unregisterReset(keptHook);
+    ZorHost::resetAll();
+
+    EXPECT_EQ(*kept, 1);
+    EXPECT_EQ(*removed, 0);
 }
 
 TEST_F(ZorHostControlTest, StateFileReplacesAtomicallyAndReadsBack)
