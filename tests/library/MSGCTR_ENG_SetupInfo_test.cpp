@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "SourceLine.h"
 
 #include "MSGCTR_ENG_SetupInfo.h"
 #include "ZorHostControl.h"
@@ -8,6 +9,7 @@
 
 #include <cerrno>
 #include <functional>
+#include <map>
 #include <type_traits>
 
 namespace {
@@ -275,61 +277,73 @@ MSGCTR_ERRCODE writeAsType(const KeyRow& row, const QVariant& value)
     return -1;
 }
 
-// Reads a value as the key's own store type, past the settings object; false when the store does not
-// hold a value of that type.
-bool readAsType(const KeyRow& row, QVariant* value)
-{
-    MSGCTR_ENG_Setup store(MSGCTR_ENG_Setup::MSGCTR_APP_ID, MSGCTR_ENG_Setup::FLUSH_MODE__FLUSH);
-    const QString group = QLatin1String(row.group);
-    const QString key = QLatin1String(row.key);
-    switch (row.type) {
-    case Info::VALUE_TYPE__INT: {
-        int v = 0;
-        const bool ok = store.getInt(group, key, &v, 0);
-        *value = v;
-        return ok;
-    }
-    case Info::VALUE_TYPE__UINT: {
-        unsigned int v = 0;
-        const bool ok = store.getUInt(group, key, &v, 0);
-        *value = v;
-        return ok;
-    }
-    case Info::VALUE_TYPE__BOOL: {
-        bool v = false;
-        const bool ok = store.getBool(group, key, &v, false);
-        *value = v;
-        return ok;
-    }
-    case Info::VALUE_TYPE__TEXT: {
-        QString v;
-        const bool ok = store.getString(group, key, &v, QString(), false);
-        *value = v;
-        return ok;
-    }
-    case Info::VALUE_TYPE__ANY_TEXT: {
-        QString v = QStringLiteral("<missing>");
-        store.getEntryAnyQstr(group, key, &v, QStringLiteral("<missing>"));
-        *value = v;
-        return v != QStringLiteral("<missing>");
-    }
-    case Info::VALUE_TYPE__TEXT_LIST: {
-        QStringList v;
-        store.getEntry(group, key, &v, QStringList{QStringLiteral("<missing>")});
-        *value = v;
-        return v != QStringList{QStringLiteral("<missing>")};
-    }
-    case Info::VALUE_TYPE__INT_LIST: {
-        std::vector<int> v;
-        store.getEntry(group, key, &v, std::vector<int>{-999});
-        *value = toVariant(v);
-        return v != std::vector<int>{-999};
-    }
-    }
-    return false;
-}
-
 class SetupInfoKeyTest : public HostRootTest, public ::testing::WithParamInterface<KeyRow> {};
+
+// How the store file holds each key's sample: numbers in decimal, booleans as words, texts as they are, int
+// lists joined by ",", and the arbitrary text and the text list as the hexadecimal of their serialised bytes
+// followed by the CRC-16 of those bytes.
+QByteArray storedSample(const char* key)
+{
+    static const std::map<std::string, const char*> stored{
+        {"SEQ_NUM_OF_SEND_BY_MUL", "4000000000"},
+        {"SIGNATURE_CONTENT", "000000160042006500730074003D000D000A005B006D0065005DD6C6"},
+        {"SIGNATURE_AUTO_INCLUDE", "true"},
+        {"SMS_DELIVERY_REPORT_ENABLED_FLAG", "true"},
+        {"INCOM_SMS_PREF_STORAGE", "2"},
+        {"INCOM_SMS_MSG_PREF_USER_DEF_STORAGE", "My folder"},
+        {"INCOM_MMS_MSG_PREF_STORAGE", "1"},
+        {"INCOM_MMS_MSG_PREF_USER_DEF_STORAGE", "MMS folder"},
+        {"SMS_VALIDITY_TIME", "-86400"},
+        {"EMAIL_GATEWAY", "5500"},
+        {"EMAIL_MMS_NOTICE", "true"},
+        {"EMAIL_GATEWAY_WARNING", "false"},
+        {"USER_DEF_QUICK_TEXTS", "0000000200000012004F006E0020006D00790020007700610079000000060061003D00628F8C"},
+        {"ALLOW_MANUAL_CHOOSE_MSG_TYPE_IN_COMPOSER", "false"},
+        {"MAX_SMS_UNIT", "-3"},
+        {"MAX_SMS_VALUE", "-4"},
+        {"NEED_RETRY_SEND_SMS", "true"},
+        {"RETRY_SEND_SMS_TIME_INTERVAL", "1,-2,3"},
+        {"SMS_VALIDITY_TIME_LIST_FOR_SELECTION", "60"},
+        {"SMS_MAX_USERDEF_SMS_PROF_NUM", "-5"},
+        {"SMS_CHARACTER_ENCODING_MODE", "2"},
+        {"SMS_LONG_SMS_FUNC_ACTIVATED", "false"},
+        {"MSG_SAVE_OUTGOING", "false"},
+        {"VOICE_MAIL_SRV_CTR_NUMBER", "+4412345"},
+        {"VOICE_MAIL_SRV_CTR_NUMBER2", "+4467890"},
+        {"VOICE_MAIL_SRV_CTR_NAME", "Mailbox one"},
+        {"VOICE_MAIL_SRV_CTR_NAME2", "Mailbox two"},
+        {"VOICE_MAIL_COUNT", "4000000000"},
+        {"VOICE_MAIL_COUNT2", "4000000000"},
+        {"IMSI_CHANGED_FLAG", "true"},
+        {"VOICE_MAIL_COUNTABLE", "true"},
+        {"WAP_ALLOWED_PUSH_SMSC_MODE", "2"},
+        {"WAP_ALLOWED_PPG_S", "123,gw;456,gw2"},
+        {"WHITELIST_PAIR1", "121,gw"},
+        {"WHITELIST_PAIR2", "122,gw"},
+        {"WHITELIST_PAIR3", "123,gw"},
+        {"WHITELIST_PAIR4", "124,gw"},
+        {"WHITELIST_PAIR5", "125,gw"},
+        {"WHITELIST_PAIR6", "126,gw"},
+        {"WHITELIST_PAIR7", "127,gw"},
+        {"WHITELIST_PAIR8", "128,gw"},
+        {"WHITELIST_PAIR9", "129,gw"},
+        {"WHITELIST_PAIR10", "1210,gw"},
+        {"MAX_VALID_SMSC", "+999"},
+        {"MIN_VALID_SMSC", "+100"},
+        {"PUSH_SER_LOADING_SECURITY_TYPE", "2"},
+        {"INFO_SERV_CHANNEL_LIST", "50,Local,0,1"},
+        {"SAVE_INFO_SERV_QUICKVIEW_MSG", "false"},
+        {"CB_CHNLS_IDL_SL", "50,4370"},
+        {"CB_MAX_LEN_IDL", "-15"},
+        {"CELL_WIDE_CB", "false"},
+        {"OUTPUT_DEBUG_LOG", "true"}};
+    const auto found = stored.find(key);
+    if (found == stored.end()) {
+        ADD_FAILURE() << "no stored form written down for " << key;
+        return QByteArray();
+    }
+    return found->second;
+}
 
 TEST_P(SetupInfoKeyTest, MissingKeyReadsItsDefault)
 {
@@ -360,9 +374,10 @@ TEST_P(SetupInfoKeyTest, StoredAsTheTablesType)
         ASSERT_EQ(row.set(info, row.sample), 0);
     else
         ASSERT_EQ(info.setValue(*Info::findKey(QLatin1String(row.group), QLatin1String(row.key)), row.sample), 0);
-    QVariant stored;
-    EXPECT_TRUE(readAsType(row, &stored));
-    EXPECT_EQ(describe(stored), describe(row.sample));
+    SETUP_SET_Manager store(AM_Global::APP_MESSAGING, true);
+    QFile file(store.fileName());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("[") + row.group + "]\n" + row.key + "=" + storedSample(row.key) + "\n");
 }
 
 TEST_P(SetupInfoKeyTest, LibraryTableAgrees)
@@ -379,6 +394,15 @@ TEST_P(SetupInfoKeyTest, LibraryTableAgrees)
 
 INSTANTIATE_TEST_SUITE_P(EveryKey, SetupInfoKeyTest, ::testing::ValuesIn(keyRows()),
                          [](const ::testing::TestParamInfo<KeyRow>& info) { return std::string(info.param.key); });
+
+// The prefix of a report from the settings object's source, at the first line with `check` from the head of
+// `function` on, with "TICKS" where the tick count stands.
+QString reportAt(const char* function, const char* check)
+{
+    const std::string head = std::string("MSGCTR_ENG_SetupInfo::") + function + "(";
+    const int line = sourceLine(QStringLiteral("src/settings/MSGCTR_ENG_SetupInfo.cpp"), {head.c_str(), check});
+    return QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(%1)[%2]TICKS: ").arg(line).arg(QLatin1String(function));
+}
 
 class SetupInfoTest : public HostRootTest {
 protected:
@@ -579,14 +603,14 @@ TEST_F(SetupInfoTest, OutOfRangePushModeIsReportedAndStoredAnyway)
         "assert fail at \"WAP_ALLOWED_PUSH_SMSC_MODE__OFF == nMode || WAP_ALLOWED_PUSH_SMSC_MODE__RECEIVE_ALL == "
         "nMode || WAP_ALLOWED_PUSH_SMSC_MODE__RESTRICTED == nMode\"; nMode = 7(S32,4), ");
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(515)[setWapAllowedPushSmscMode]TICKS: ") + check});
+              QStringList{reportAt("setWapAllowedPushSmscMode", "CHECK_PUSH_SMSC_MODE(") + check});
     int stored = 0;
     info.objSetupMsgctr().getEntry(QStringLiteral("GROUP_MSGCTR_WAP"), QStringLiteral("WAP_ALLOWED_PUSH_SMSC_MODE"),
                                    &stored, 1);
     EXPECT_EQ(stored, 7);
     EXPECT_EQ(info.getWapAllowedPushSmscMode(), 7);
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(509)[getWapAllowedPushSmscMode]TICKS: ") + check});
+              QStringList{reportAt("getWapAllowedPushSmscMode", "CHECK_PUSH_SMSC_MODE(") + check});
 }
 
 TEST_F(SetupInfoTest, OutOfRangeSecurityTypeIsReportedAndStoredAnyway)
@@ -598,11 +622,11 @@ TEST_F(SetupInfoTest, OutOfRangeSecurityTypeIsReportedAndStoredAnyway)
         "nPushSerLoadingSecurityType) || (PUSH_SL_SECURITY_DENY == nPushSerLoadingSecurityType)\"; "
         "nPushSerLoadingSecurityType = -1(S32,4), ");
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(538)[setPushSerLoadingSecurityType]TICKS: ")
+              QStringList{reportAt("setPushSerLoadingSecurityType", "CHECK_PUSH_SER_LOADING_SECURITY_TYPE(")
                           + check});
     EXPECT_EQ(info.getPushSerLoadingSecurityType(), -1);
     EXPECT_EQ(reportsWithoutTicks(),
-              QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(532)[getPushSerLoadingSecurityType]TICKS: ")
+              QStringList{reportAt("getPushSerLoadingSecurityType", "CHECK_PUSH_SER_LOADING_SECURITY_TYPE(")
                           + check});
 }
 
@@ -611,8 +635,11 @@ TEST_F(SetupInfoTest, PreferredStorageIsTracedOnEveryReadAndReportedWhenInvalid)
     Info info(MSGCTR_ENG_Setup::FLUSH_MODE__FLUSH);
     EXPECT_EQ(info.getIncomingSMSMsgPrefStorage(), 0u);
     EXPECT_EQ(info.getIncomingSMSMsgPrefStorage(), 0u);
-    const QString trace = QStringLiteral(
-        "MSGCTR_ENG_SetupInfo.cpp(301)[getIncomingSMSMsgPrefStorage]TICKS: nPrefStorage = 0/0x00000000(U32,4), ");
+    const QString sms = reportAt("getIncomingSMSMsgPrefStorage", "CHECK_AND_TRACE_PREF_STORAGE(");
+    const QString mms = reportAt("getIncomingMMSMsgPrefStorage", "CHECK_AND_TRACE_PREF_STORAGE(");
+    const QString invalid = QStringLiteral(
+        "assert fail at \"MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid(nPrefStorage)\"; ");
+    const QString trace = sms + QStringLiteral("nPrefStorage = 0/0x00000000(U32,4), ");
     EXPECT_EQ(reportsWithoutTicks(), (QStringList{trace, trace}));
 
     // The setter writes any value; the getter reports a bad one and returns it.
@@ -620,20 +647,14 @@ TEST_F(SetupInfoTest, PreferredStorageIsTracedOnEveryReadAndReportedWhenInvalid)
     EXPECT_EQ(reportsWithoutTicks(), QStringList());
     EXPECT_EQ(info.getIncomingSMSMsgPrefStorage(), 3u);
     EXPECT_EQ(reportsWithoutTicks(),
-              (QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(301)[getIncomingSMSMsgPrefStorage]TICKS: "
-                                          "assert fail at \"MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid("
-                                          "nPrefStorage)\"; nPrefStorage = 3/0x00000003(U32,4), "),
-                           QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(301)[getIncomingSMSMsgPrefStorage]TICKS: "
-                                          "nPrefStorage = 3/0x00000003(U32,4), ")}));
+              (QStringList{sms + invalid + QStringLiteral("nPrefStorage = 3/0x00000003(U32,4), "),
+                           sms + QStringLiteral("nPrefStorage = 3/0x00000003(U32,4), ")}));
 
     EXPECT_EQ(info.setIncomingMMSMsgPrefStorage(7u), 0);
     EXPECT_EQ(info.getIncomingMMSMsgPrefStorage(), 7u);
     EXPECT_EQ(reportsWithoutTicks(),
-              (QStringList{QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(323)[getIncomingMMSMsgPrefStorage]TICKS: "
-                                          "assert fail at \"MSGCTR_ENG_SetupInfo__preferredMsgStorageValueIsValid("
-                                          "nPrefStorage)\"; nPrefStorage = 7/0x00000007(U32,4), "),
-                           QStringLiteral("MSGCTR_ENG_SetupInfo.cpp(323)[getIncomingMMSMsgPrefStorage]TICKS: "
-                                          "nPrefStorage = 7/0x00000007(U32,4), ")}));
+              (QStringList{mms + invalid + QStringLiteral("nPrefStorage = 7/0x00000007(U32,4), "),
+                           mms + QStringLiteral("nPrefStorage = 7/0x00000007(U32,4), ")}));
 }
 
 TEST_F(SetupInfoTest, PreferredStorageValuesZeroToTwoAreValid)

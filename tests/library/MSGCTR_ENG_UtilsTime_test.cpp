@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "TimeZoneTest.h"
 
 #include "MSGCTR_ENG_UtilsTime.h"
 #include "ZorHostControl.h"
@@ -7,9 +8,6 @@
 #include <QRegularExpression>
 #include <QTimeZone>
 
-#include <cstdlib>
-#include <ctime>
-
 namespace {
 
 const QString kIsoFormat = QStringLiteral("yyyyMMdd'T'HHmmss'Z'");
@@ -17,23 +15,10 @@ const QString kIsoFormat = QStringLiteral("yyyyMMdd'T'HHmmss'Z'");
 class UtilsTimeTest : public HostRootTest {
 };
 
-// Runs under the zone of its parameter (TZ of this process), with Qt's own zone as the reference.
-class UtilsTimeZoneTest : public HostRootTest, public ::testing::WithParamInterface<const char*> {
+class UtilsTimeZoneTest : public TimeZoneTest {
 protected:
-    void SetUp() override
-    {
-        HostRootTest::SetUp();
-        m_zone = QTimeZone(QByteArray(GetParam()));
-        if (!m_zone.isValid())
-            GTEST_SKIP() << "no zone data for " << GetParam() << " on this machine";
-        setenv("TZ", GetParam(), 1);
-        tzset();
-    }
-
     // Qt's answer: UTC seconds of a wall clock in the zone.
     qint64 qtUtc(const QDate& date, const QTime& time) const { return QDateTime(date, time, m_zone).toSecsSinceEpoch(); }
-
-    QTimeZone m_zone;
 };
 
 // Far from every daylight-saving change of the zones below, so the probe's arithmetic holds there.
@@ -209,10 +194,6 @@ TEST_P(UtilsTimeZoneTest, CurrentUtcTimeIsNow)
     EXPECT_LE(now, after);
 }
 
-INSTANTIATE_TEST_SUITE_P(Zones, UtilsTimeZoneTest,
-                         ::testing::Values("UTC", "Asia/Tokyo", "America/Los_Angeles", "Europe/Berlin"),
-                         [](const ::testing::TestParamInfo<const char*>& info) {
-                             return QString::fromLatin1(info.param).replace(QLatin1Char('/'), QLatin1Char('_')).toStdString();
-                         });
+INSTANTIATE_TEST_SUITE_P(Zones, UtilsTimeZoneTest, ::testing::ValuesIn(testedZones()), zoneRowName);
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "UTIL_TimeConversion.h"
 #include "ZorHostControl.h"
@@ -138,7 +139,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, BadIsoTextTest,
                                            "20061231T240000Z", "20061231T236000Z", "20061231T235960Z", "20061231 235959",
                                            "20061231T235959z", "20061231T235959+2400", "2006-12-31T235959",
                                            "20061231T235959Zjunk", " 20061231", "20380119T031408Z", "19011213T204551Z",
-                                           "20380120"));
+                                           "20380120"),
+                         [](const auto& info) { return rowName("Text", info.param); });
 
 TEST_F(TimeConversionTest, RangeEndsAreAccepted)
 {
