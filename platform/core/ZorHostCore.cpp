@@ -9,12 +9,14 @@
 #include <QMutexLocker>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <vector>
 
 namespace ZorHostCore {
 namespace {
 
 struct Reset {
+    int handle = 0;
     QString simulator;
     std::function<void()> dropCachedState;
 };
@@ -24,6 +26,7 @@ struct State {
     QString root;
     QSet<QString> madeDirs; // folders known to exist: opening a store must not cost a mkpath each time
     std::vector<Reset> resets;
+    int lastResetHandle = 0;
 };
 
 State& state()
@@ -96,10 +99,20 @@ QString devicePath(const QString& absoluteDevicePath)
     return hostPath;
 }
 
-void registerReset(const char* simulator, std::function<void()> dropCachedState)
+int registerReset(const char* simulator, std::function<void()> dropCachedState)
 {
     QMutexLocker lock(&state().mutex);
-    state().resets.push_back(Reset{QString::fromLatin1(simulator), std::move(dropCachedState)});
+    const int handle = ++state().lastResetHandle;
+    state().resets.push_back(Reset{handle, QString::fromLatin1(simulator), std::move(dropCachedState)});
+    return handle;
+}
+
+void unregisterReset(int handle)
+{
+    QMutexLocker lock(&state().mutex);
+    std::vector<Reset>& resets = state().resets;
+    resets.erase(std::remove_if(resets.begin(), resets.end(), [handle](const Reset& r) { return r.handle == handle; }),
+                 resets.end());
 }
 
 QString stateDir(const QString& simulator)

@@ -36,8 +36,10 @@ int callCount(const QString& operation);
 void resetCallCounts();
 
 // Simulators register how to drop what they keep in memory; resetAll() runs these after removing the
-// simulators' state folders (a missing state folder means the factory state).
-void registerReset(const char* simulator, std::function<void()> dropCachedState);
+// simulators' state folders (a missing state folder means the factory state). The returned handle takes
+// the hook away again, for hooks that do not live as long as the process.
+int registerReset(const char* simulator, std::function<void()> dropCachedState);
+void unregisterReset(int handle);
 void resetAll();
 
 // The folder of one simulator's persistent state under the root, created on demand.

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_AddrTypeChk.h"
 
@@ -48,7 +49,8 @@ INSTANTIATE_TEST_SUITE_P(
                       AddrTypeCase{"x@y", false, false, true}, AddrTypeCase{"@xy", false, false, false},
                       AddrTypeCase{"xy@", false, false, false}, AddrTypeCase{"a@b@c", false, false, false},
                       AddrTypeCase{"@", false, false, false}, AddrTypeCase{"user@example", false, false, true},
-                      AddrTypeCase{"a b@c", false, false, true}));
+                      AddrTypeCase{"a b@c", false, false, true}),
+                         [](const auto& info) { return rowName("Address", info.param.text); });
 
 TEST_F(HostRootTest, NumberOf41DigitsIsValidAnd42IsNot)
 {

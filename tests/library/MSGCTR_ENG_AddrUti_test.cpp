@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_AddrTypeChk.h"
 #include "MSGCTR_ENG_AddrUti.h"
@@ -21,7 +22,8 @@ TEST_P(RemovingHyphenTest, RemovesEveryHyphen)
 INSTANTIATE_TEST_SUITE_P(Table, RemovingHyphenTest,
                          ::testing::Values(HyphenCase{"", ""}, HyphenCase{"12-34", "1234"},
                                            HyphenCase{"-030--12-", "03012"}, HyphenCase{"---", ""},
-                                           HyphenCase{"a-b@c-d", "ab@cd"}, HyphenCase{"12 34", "12 34"}));
+                                           HyphenCase{"a-b@c-d", "ab@cd"}, HyphenCase{"12 34", "12 34"}),
+                         [](const auto& info) { return rowName(info.param.text); });
 
 TEST_F(HostRootTest, HyphenatedNumberBecomesValidOnceHyphensAreRemoved)
 {

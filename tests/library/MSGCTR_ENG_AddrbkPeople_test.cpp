@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_AddrbkPeople.h"
 
@@ -33,7 +34,8 @@ INSTANTIATE_TEST_SUITE_P(
                       AttrTypeCase{0x100000, false, false, true}, AttrTypeCase{0, false, false, false},
                       AttrTypeCase{128, false, false, false}, AttrTypeCase{256 | 512, false, false, false},
                       AttrTypeCase{32768, false, false, false}, AttrTypeCase{0x80000, false, false, false},
-                      AttrTypeCase{0x200000, false, false, false}, AttrTypeCase{-1, false, false, false}));
+                      AttrTypeCase{0x200000, false, false, false}, AttrTypeCase{-1, false, false, false}),
+                         [](const auto& info) { return rowName("Type", info.param.type); });
 
 ADDRBK_ENG_Contact fullContact()
 {

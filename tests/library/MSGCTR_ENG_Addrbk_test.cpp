@@ -1,4 +1,6 @@
+#include "ForkedScenario.h"
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_Addrbk.h"
 #include "MSGCTR_ENG_AddrbkPeople.h"
@@ -144,7 +146,8 @@ INSTANTIATE_TEST_SUITE_P(Codes, AddrbkFailureTest,
                          ::testing::Values(FailureCase{-100, 10096}, FailureCase{-200, 10084}, FailureCase{-1, 10001},
                                            FailureCase{1, 10001}, FailureCase{-102, 10001},
                                            // the handler does not serve it: nothing found, no error
-                                           FailureCase{-101, 0}));
+                                           FailureCase{-101, 0}),
+                         [](const auto& info) { return rowName("Result", info.param.addrbkResult); });
 
 struct MappingCase {
     int addrbkResult;
@@ -165,7 +168,8 @@ INSTANTIATE_TEST_SUITE_P(Table, AddrbkResultMappingTest,
                                            MappingCase{-101, 10001}, MappingCase{100, 10001},
                                            MappingCase{200, 10001}, MappingCase{10096, 10001},
                                            MappingCase{10084, 10001}, MappingCase{-1, 10001},
-                                           MappingCase{INT32_MIN, 10001}, MappingCase{INT32_MAX, 10001}));
+                                           MappingCase{INT32_MIN, 10001}, MappingCase{INT32_MAX, 10001}),
+                         [](const auto& info) { return rowName("Result", info.param.addrbkResult); });
 
 TEST_F(AddrbkTest, PlusAndDigitsAreSearchedByNumberAnythingElseByEmail)
 {
@@ -241,14 +245,15 @@ TEST_F(AddrbkTest, CacheKeepsAnswerOfMissingCallback)
 
 TEST_F(AddrbkTest, EndCacheBeforeAnyBatchCreatesNothing)
 {
-    // The cache lives as long as the process; ctest runs every test in a fresh one.
-    if (MSGCTR_ENG_Addrbk::cache())
-        GTEST_SKIP() << "an earlier test of this process created the cache";
-    EXPECT_FALSE(MSGCTR_ENG_Addrbk::cacheIsEnabled());
-    MSGCTR_ENG_Addrbk::endCache();
-    EXPECT_EQ(MSGCTR_ENG_Addrbk::cache(), nullptr);
-    EXPECT_EQ(MSGCTR_ENG_Addrbk::getNameByAddress(QStringLiteral("555")), QStringLiteral("Carol"));
-    EXPECT_EQ(MSGCTR_ENG_Addrbk::cache(), nullptr);
+    // The cache, once created, lives as long as the process.
+    runForkedScenario([] {
+        EXPECT_EQ(MSGCTR_ENG_Addrbk::cache(), nullptr);
+        EXPECT_FALSE(MSGCTR_ENG_Addrbk::cacheIsEnabled());
+        MSGCTR_ENG_Addrbk::endCache();
+        EXPECT_EQ(MSGCTR_ENG_Addrbk::cache(), nullptr);
+        EXPECT_EQ(MSGCTR_ENG_Addrbk::getNameByAddress(QStringLiteral("555")), QStringLiteral("Carol"));
+        EXPECT_EQ(MSGCTR_ENG_Addrbk::cache(), nullptr);
+    });
 }
 
 TEST_F(AddrbkTest, EndCacheDropsEverythingAndNextBatchStartsEmpty)

@@ -1,5 +1,6 @@
 #include "MSGCTR_ENG_DbgCtrlCenter.h"
 
+#include "ForkedScenario.h"
 #include "HostRootTest.h"
 
 #include <QCoreApplication>
@@ -24,7 +25,7 @@ protected:
 };
 
 #ifdef ZOR_TEST_WIDGETS
-// Each test runs in a process of its own, so a test may create the application it needs.
+// A test may create the application it needs; it is gone again when the test ends.
 class DbgCtrlCenterGuiTest : public DbgCtrlCenterTest {
 protected:
     void SetUp() override
@@ -74,9 +75,22 @@ protected:
 
 } // namespace
 
-TEST_F(DbgCtrlCenterTest, ObjIsOneInstance)
+TEST_F(DbgCtrlCenterTest, ObjIsOneInstanceCreatedInItsInitialState)
 {
-    EXPECT_EQ(&MSGCTR_ENG_DbgCtrlCenter::obj(), &MSGCTR_ENG_DbgCtrlCenter::obj());
+    runForkedScenario([] {
+        MSGCTR_ENG_DbgCtrlCenter& first = MSGCTR_ENG_DbgCtrlCenter::obj();
+        EXPECT_FALSE(first.traceToGUIEnabled());
+        EXPECT_FALSE(first.dbgInfoToLogStringIsEnabled());
+        first.traceToGUIEnabled() = true;
+        first.enableDbgInfoToLogString(true);
+        first.output(QStringLiteral("kept"));
+
+        // A later call finds the same sink with what was done to it.
+        MSGCTR_ENG_DbgCtrlCenter& later = MSGCTR_ENG_DbgCtrlCenter::obj();
+        EXPECT_EQ(&later, &first);
+        EXPECT_TRUE(later.traceToGUIEnabled());
+        EXPECT_EQ(later.getLogString(), QStringLiteral("kept"));
+    });
 }
 
 TEST_F(DbgCtrlCenterTest, InitialFlags)
@@ -214,8 +228,17 @@ TEST_F(DbgCtrlCenterTest, ModelessDisplayWithoutApplicationOnlyTogglesItsFlag)
 {
     sink.showMsgByModeless(QStringLiteral("x"));
     EXPECT_FALSE(sink.isShowingMsgSoWeAreProcessingEvents());
-    sink.destroyModelessWidget();
     EXPECT_EQ(reportLines(), QStringList());
+#ifdef ZOR_TEST_WIDGETS
+    // No label was made for later: an application started now has no window.
+    int argc = 1;
+    char arg0[] = "test";
+    char* argv[] = {arg0, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), 0);
+#endif
+    sink.destroyModelessWidget();
 }
 
 TEST_F(DbgCtrlCenterTest, ModelessDisplayWithCoreApplicationPumpsNoEvents)

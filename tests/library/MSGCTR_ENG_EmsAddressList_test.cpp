@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_Addrbk.h"
 #include "MSGCTR_ENG_EmsAddressList.h"
@@ -33,7 +34,8 @@ INSTANTIATE_TEST_SUITE_P(
         RawListCase{"   ", {}}, RawListCase{",;, ;", {}}, RawListCase{"a", {"a"}},
         RawListCase{"1\t2\n3\r\n,4", {"123", "4"}}, RawListCase{"x;y;x", {"x", "y", "x"}},
         RawListCase{"a b c @ d", {"abc@d"}}, RawListCase{";;;a;;;", {"a"}},
-        RawListCase{"\xc3\xa9l\xc3\xa8ve@ex , 1", {"\xc3\xa9l\xc3\xa8ve@ex", "1"}}));
+        RawListCase{"\xc3\xa9l\xc3\xa8ve@ex , 1", {"\xc3\xa9l\xc3\xa8ve@ex", "1"}}),
+                         [](const auto& info) { return rowName(info.param.text); });
 
 // Texts that are not valid UTF-16 (unpaired surrogates) are split by the same separator rules.
 struct SurrogateListCase {

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_EncodeUti.h"
 #include "MSGCTR_ENG_EmsAddressList.h"
@@ -40,7 +41,8 @@ INSTANTIATE_TEST_SUITE_P(Table, PacketNumTest,
                          ::testing::Values(CountCase{0, u'a', 1}, CountCase{160, u'a', 1}, CountCase{161, u'a', 2},
                                            CountCase{1530, u'a', 10}, CountCase{1531, u'a', 11},
                                            CountCase{70, u'\u4e2d', 1}, CountCase{71, u'\u4e2d', 2},
-                                           CountCase{3200, u'a', 21}, CountCase{3200, u'\u4e2d', 48}));
+                                           CountCase{3200, u'a', 21}, CountCase{3200, u'\u4e2d', 48}),
+                         [](const auto& info) { return rowName(info.param.length, info.param.unit == u'a' ? "Gsm" : "Unicode"); });
 
 TEST_F(HostRootTest, TextOf3200CharactersGoesToThePlatform)
 {
@@ -199,7 +201,8 @@ INSTANTIATE_TEST_SUITE_P(
                       EncodeCase{"", "", "", ""}, EncodeCase{"a@b", "", "", "a@b "},
                       EncodeCase{"a@b", "S", "", "a@b(S)"},
                       // written as given even when it will not read back the same
-                      EncodeCase{"a b@c", "", "x", "a b@c x"}, EncodeCase{"a@b", "x)y", "z", "a@b(x)y)z"}));
+                      EncodeCase{"a b@c", "", "x", "a b@c x"}, EncodeCase{"a@b", "x)y", "z", "a@b(x)y)z"}),
+                         [](const auto& info) { return rowName(info.param.text); });
 
 TEST_F(HostRootTest, EncodingSplitsNumbersFromEmailAddresses)
 {
@@ -279,7 +282,8 @@ INSTANTIATE_TEST_SUITE_P(
         DecodeCase{"a(b)c(d)e", "a", "b", "c(d)e"},
         DecodeCase{"a()b", "a", "", "b"},
         DecodeCase{"a)b(c", "", "", "a)b(c"},
-        DecodeCase{"\xc3\xa9@x(\xe2\x82\xac)\xe4\xb8\xad", "\xc3\xa9@x", "\xe2\x82\xac", "\xe4\xb8\xad"}));
+        DecodeCase{"\xc3\xa9@x(\xe2\x82\xac)\xe4\xb8\xad", "\xc3\xa9@x", "\xe2\x82\xac", "\xe4\xb8\xad"}),
+                         [](const auto& info) { return rowName(info.param.text); });
 
 TEST_F(HostRootTest, DecodedEmptyPartsAreEmptyNotNull)
 {
@@ -315,7 +319,8 @@ INSTANTIATE_TEST_SUITE_P(Table, DecodeWithSenderTest,
                          ::testing::Values(SenderCase{"6245", "x@y(Hi)T", "6245,x@y"},
                                            SenderCase{"", "x@y(Hi)T", "x@y"},
                                            SenderCase{"6245", "plain", "6245"},
-                                           SenderCase{" 62 45 ;", "x@y T", "6245,x@y"}));
+                                           SenderCase{" 62 45 ;", "x@y T", "6245,x@y"}),
+                         [](const auto& info) { return rowName(info.param.sender, info.param.text); });
 
 TEST_F(HostRootTest, DecodeWithSenderKeepsSubjectAndBody)
 {
@@ -353,7 +358,8 @@ INSTANTIATE_TEST_SUITE_P(Table, SimpleSubjectTest,
                                            SimpleSubjectCase{"(a)", "a", ""},
                                            SimpleSubjectCase{"(a)(b)c", "a", "(b)c"},
                                            SimpleSubjectCase{"(a b) c", "a b", " c"},
-                                           SimpleSubjectCase{"", "", ""}));
+                                           SimpleSubjectCase{"", "", ""}),
+                         [](const auto& info) { return rowName(info.param.text); });
 
 TEST_F(HostRootTest, InfoRecordStartsNullAndCopiesMemberwise)
 {

@@ -1,4 +1,6 @@
-// Each test runs in a process of its own, so every test starts with the feature answers not yet read.
+// The feature answers are computed once per process: every scenario runs in a fresh process of its own, so
+// each one starts with the answers not yet read.
+#include "ForkedScenario.h"
 #include "HostRootTest.h"
 
 #include "MSGCTR_ENG_FtrCfg.h"
@@ -20,135 +22,161 @@ protected:
 
 TEST_F(FtrCfgTest, TrashFolderIsNeverSupported)
 {
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_TrashFolder());
-    ASSERT_TRUE(ZorHost::setFlexBit(303, true));
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_TrashFolder());
+    runForkedScenario([&] {
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_TrashFolder());
+        ASSERT_TRUE(ZorHost::setFlexBit(303, true));
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_TrashFolder());
+    });
 }
 
 TEST_F(FtrCfgTest, FactoryBuildHasTheSimcardFolder)
 {
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    runForkedScenario([&] {
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    });
 }
 
 TEST_F(FtrCfgTest, WithFeatureBitSetTheSettingsAreNeverRead)
 {
-    ASSERT_TRUE(ZorHost::setFlexBit(303, true));
-    // A stored value that would be reported if it were read.
-    setPrefStorage(7);
-    takeReportLines();
-    ZorHost::resetCallCounts();
+    runForkedScenario([&] {
+        ASSERT_TRUE(ZorHost::setFlexBit(303, true));
+        // A stored value that would be reported if it were read.
+        setPrefStorage(7);
+        takeReportLines();
+        ZorHost::resetCallCounts();
 
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
-    EXPECT_EQ(settingsReads(), 0);
-    EXPECT_EQ(reportLines(), QStringList());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+        EXPECT_EQ(settingsReads(), 0);
+        EXPECT_EQ(reportLines(), QStringList());
+    });
 }
 
 TEST_F(FtrCfgTest, BitClearAndStorageOneHasNoSimcardFolder)
 {
-    ASSERT_TRUE(ZorHost::setFlexBit(303, false));
-    setPrefStorage(1);
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    runForkedScenario([&] {
+        ASSERT_TRUE(ZorHost::setFlexBit(303, false));
+        setPrefStorage(1);
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    });
 }
 
 TEST_F(FtrCfgTest, BitClearAndStorageZeroHasTheSimcardFolder)
 {
-    setPrefStorage(0);
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    runForkedScenario([&] {
+        setPrefStorage(0);
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    });
 }
 
 TEST_F(FtrCfgTest, BitClearAndStorageTwoHasTheSimcardFolder)
 {
-    setPrefStorage(2);
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    runForkedScenario([&] {
+        setPrefStorage(2);
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    });
 }
 
 TEST_F(FtrCfgTest, StorageChangedAfterTheFirstCallIsNotSeen)
 {
-    setPrefStorage(0);
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    setPrefStorage(1);
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    runForkedScenario([&] {
+        setPrefStorage(0);
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        setPrefStorage(1);
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard());
+    });
 }
 
 TEST_F(FtrCfgTest, StorageOneChangedAfterTheFirstCallIsNotSeen)
 {
-    setPrefStorage(1);
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    setPrefStorage(0);
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+    runForkedScenario([&] {
+        setPrefStorage(1);
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        setPrefStorage(0);
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SortBySimcard());
+    });
 }
 
 TEST_F(FtrCfgTest, StorageIsReadOnceThroughATemporarySettingsObject)
 {
-    takeReportLines();
-    ZorHost::resetCallCounts();
-    MSGCTR_ENG_FtrCfg::support_SimcardFolder();
-    MSGCTR_ENG_FtrCfg::support_SortBySimcard();
-    MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard();
-    EXPECT_EQ(settingsReads(), 1);
-    // The one read is the settings getter's, with its trace.
-    ASSERT_EQ(reportLines().size(), 1);
-    EXPECT_TRUE(reportLines().first().endsWith(QStringLiteral(": nPrefStorage = 0/0x00000000(U32,4), ")))
-        << reportLines().first().toStdString();
+    runForkedScenario([&] {
+        takeReportLines();
+        ZorHost::resetCallCounts();
+        MSGCTR_ENG_FtrCfg::support_SimcardFolder();
+        MSGCTR_ENG_FtrCfg::support_SortBySimcard();
+        MSGCTR_ENG_FtrCfg::showSimcardIconForSmsInSimcard();
+        EXPECT_EQ(settingsReads(), 1);
+        // The one read is the settings getter's, with its trace.
+        ASSERT_EQ(reportLines().size(), 1);
+        EXPECT_TRUE(reportLines().first().endsWith(QStringLiteral(": nPrefStorage = 0/0x00000000(U32,4), ")))
+            << reportLines().first().toStdString();
+    });
 }
 
 TEST_F(FtrCfgTest, FeatureBitIsReadOnce)
 {
-    ZorHost::resetCallCounts();
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    ASSERT_TRUE(ZorHost::setFlexBit(303, true));
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("SETUP_Utility::getFlexBit")), 1);
+    runForkedScenario([&] {
+        ZorHost::resetCallCounts();
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        ASSERT_TRUE(ZorHost::setFlexBit(303, true));
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("SETUP_Utility::getFlexBit")), 1);
+    });
 }
 
 TEST_F(FtrCfgTest, FeatureBitSetIsKeptAfterItIsCleared)
 {
-    ASSERT_TRUE(ZorHost::setFlexBit(303, true));
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
-    ASSERT_TRUE(ZorHost::setFlexBit(303, false));
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+    runForkedScenario([&] {
+        ASSERT_TRUE(ZorHost::setFlexBit(303, true));
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_UserSetupIncomingSmsStorage());
+        ASSERT_TRUE(ZorHost::setFlexBit(303, false));
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+    });
 }
 
 TEST_F(FtrCfgTest, UnreadableFeatureBitCountsAsClear)
 {
-    ASSERT_TRUE(ZorHost::unsetFlexBit(303));
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+    runForkedScenario([&] {
+        ASSERT_TRUE(ZorHost::unsetFlexBit(303));
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        EXPECT_TRUE(MSGCTR_ENG_FtrCfg::support_SimcardFolder());
+    });
 }
 
 TEST_F(FtrCfgTest, FailedFeatureBitReadCountsAsClear)
 {
-    ASSERT_TRUE(ZorHost::setFlexBit(303, true));
-    ZorHost::injectFault(QStringLiteral("SETUP_Utility::getFlexBit"), 1);
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
-    EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+    runForkedScenario([&] {
+        ASSERT_TRUE(ZorHost::setFlexBit(303, true));
+        ZorHost::injectFault(QStringLiteral("SETUP_Utility::getFlexBit"), 1);
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+        EXPECT_FALSE(MSGCTR_ENG_FtrCfg::getFlexBit_MRS_10600_AVAILABLE());
+    });
 }
 
 TEST_F(FtrCfgTest, IsPolymorphicWithoutData)
 {
     EXPECT_TRUE(std::has_virtual_destructor<MSGCTR_ENG_FtrCfg>::value);
-    MSGCTR_ENG_FtrCfg config;
-    (void)config;
+    // The table pointer is all an object holds.
+    EXPECT_EQ(sizeof(MSGCTR_ENG_FtrCfg), sizeof(void*));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "ForkedScenario.h"
 #include "HostRootTest.h"
 
 #include "MSGCTR_ENG_DumpContext.h"
@@ -39,10 +40,12 @@ public:
 
 TEST_F(ObjectTest, FirstObjectOfTheProcessGetsOneTheSecondTwo)
 {
-    MSGCTR_ENG_Object first;
-    MSGCTR_ENG_Object second;
-    EXPECT_EQ(first.objectID(), 1u);
-    EXPECT_EQ(second.objectID(), 2u);
+    runForkedScenario([] {
+        MSGCTR_ENG_Object first;
+        MSGCTR_ENG_Object second;
+        EXPECT_EQ(first.objectID(), 1u);
+        EXPECT_EQ(second.objectID(), 2u);
+    });
 }
 
 TEST_F(ObjectTest, IdsKeepIncreasingAndAreKeptForLife)
@@ -58,17 +61,21 @@ TEST_F(ObjectTest, IdsKeepIncreasingAndAreKeptForLife)
 
 TEST_F(ObjectTest, CounterAtMaximumWrapsToOneNotZero)
 {
-    CounterSetter::setCount(std::numeric_limits<quint32>::max());
-    MSGCTR_ENG_Object wrapped;
-    EXPECT_EQ(wrapped.objectID(), 1u);
-    EXPECT_EQ(MSGCTR_ENG_Object::createNewObjectID(), 2u);
+    runForkedScenario([] {
+        CounterSetter::setCount(std::numeric_limits<quint32>::max());
+        MSGCTR_ENG_Object wrapped;
+        EXPECT_EQ(wrapped.objectID(), 1u);
+        EXPECT_EQ(MSGCTR_ENG_Object::createNewObjectID(), 2u);
+    });
 }
 
 TEST_F(ObjectTest, CounterOneBelowMaximumHandsOutMaximumThenOne)
 {
-    CounterSetter::setCount(std::numeric_limits<quint32>::max() - 1);
-    EXPECT_EQ(MSGCTR_ENG_Object::createNewObjectID(), 4294967295u);
-    EXPECT_EQ(MSGCTR_ENG_Object::createNewObjectID(), 1u);
+    runForkedScenario([] {
+        CounterSetter::setCount(std::numeric_limits<quint32>::max() - 1);
+        EXPECT_EQ(MSGCTR_ENG_Object::createNewObjectID(), 4294967295u);
+        EXPECT_EQ(MSGCTR_ENG_Object::createNewObjectID(), 1u);
+    });
 }
 
 TEST_F(ObjectTest, StreamingAPlainObjectAddsNothing)
@@ -84,11 +91,13 @@ TEST_F(ObjectTest, StreamingAPlainObjectAddsNothing)
 
 TEST_F(ObjectTest, StreamingCallsTheOverriddenDump)
 {
-    CounterSetter::setCount(41);
-    DumpingObject object;
-    MSGCTR_ENG_DumpContext context;
-    context << static_cast<const MSGCTR_ENG_Object&>(object);
-    EXPECT_EQ(context.data(), QStringLiteral(" id= 42/0x0000002A(U32,4)"));
+    runForkedScenario([] {
+        CounterSetter::setCount(41);
+        DumpingObject object;
+        MSGCTR_ENG_DumpContext context;
+        context << static_cast<const MSGCTR_ENG_Object&>(object);
+        EXPECT_EQ(context.data(), QStringLiteral(" id= 42/0x0000002A(U32,4)"));
+    });
 }
 
 TEST_F(ObjectTest, BaseSelfCheckAnswersTrueAndOverridesAreCalled)

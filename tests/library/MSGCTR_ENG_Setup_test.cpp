@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "MSGCTR_ENG_Setup.h"
 #include "SETUP_SET_Manager_Compose_Flush.h"
@@ -206,7 +207,8 @@ TEST_P(SetupRefusedTextTest, IsRefusedAndLeavesTheFileByteForByte)
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryCharacterTheStoreCannotKeep, SetupRefusedTextTest,
-                         ::testing::Values("a=b", "[GROUP]", "x]", "[", "line\nbreak", "cr\rhere", "="));
+                         ::testing::Values("a=b", "[GROUP]", "x]", "[", "line\nbreak", "cr\rhere", "="),
+                         RowNameOfValue());
 
 TEST_F(SetupTest, RefusedTextWritesNothingToABufferedStoreEither)
 {

@@ -1,11 +1,14 @@
+#include "ForkedScenario.h"
 #include "HostRootTest.h"
+#include "RowName.h"
+#include "ReportLines.h"
+#include "SourceLine.h"
 
 #include "MSGCTR_ENG_TAPI.h"
 #include "ZorHostControl.h"
 #include "ZorHostTapiControl.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 #include <climits>
 #include <string>
@@ -13,48 +16,35 @@
 
 namespace {
 
-// Source lines of the wrapper's report sites, as the report prefixes show them.
-const int kLineU8VpOfMaximumReport = 100;
-const int kLineToU8VpFromStruVpReport = 111;
-const int kLineValueInUnitCheck = 155;
-const int kLineNotPositiveInputCheck = 158;
-const int kLineZeroSecondsCheck = 170;
-const int kLineUnknownUnitReport = 174;
-const int kLineSetFirstTrace = 185;
-const int kLineSetCall = 195;
-const int kLineGetCall = 206;
-const int kLineGetNumberTrace = 210;
-const int kLineGetEmptyCheck = 211;
-const int kLineAvailCall = 222;
-const int kLineFullCall = 233;
-const int kLineDebugRecord = 248;
-const int kLineFeatureCheck = 258;
-const int kLineModeCheck = 260;
-const int kLineSetModeCall = 270;
+// The wrapper's report sites, found in its source by the statements that report there.
+using Site = std::vector<const char*>;
+const Site kSiteU8VpOfMaximumReport{"MSGCTR_ENG_TAPI::u8VpOfMaximum()", "MSGCTR_ASSERT_FAIL_REPORT(\"false\")"};
+const Site kSiteToU8VpFromStruVpReport{"MSGCTR_ENG_TAPI::toU8VpFromStruVp(", "MSGCTR_ASSERT_FAIL_REPORT(\"false\")"};
+const Site kSiteValueInUnitCheck{"MSGCTR_CHECK(uvs.m_nMin <= struVp.value && struVp.value <= uvs.m_nMax)"};
+const Site kSiteNotPositiveInputCheck{"MSGCTR_ASSERT_FAIL_REPORT(\"(nSecondSInput > 0) || "};
+const Site kSiteZeroSecondsCheck{"MSGCTR_CHECK(nSecondS > 0);"};
+const Site kSiteUnknownUnitReport{"MSGCTR_ASSERT_FAIL_REPORT(\"nSecondS > 0\");"};
+const Site kSiteSetFirstTrace{"MSGCTR_ENG_TAPI::errcodeSetSmsServiceCenterNumber(", "MSGCTR_TRACE_REPORT()"};
+const Site kSiteSetCall{"TAPI_SMS_SetServiceCenter(szServiceCenter)"};
+const Site kSiteGetCall{"TAPI_SMS_GetServiceCenter(phoneNumber)"};
+const Site kSiteGetNumberTrace{"MSGCTR_TRACE_REPORT() << MSGCTR_VAL(strSvctrNumber);"};
+const Site kSiteGetEmptyCheck{"MSGCTR_CHECK(!strSvctrNumber.isEmpty());"};
+const Site kSiteAvailCall{"TAPI_SMS_NotifyMeStorageAvail()"};
+const Site kSiteFullCall{"TAPI_SMS_NotifyMeStorageFull()"};
+const Site kSiteDebugRecord{"\"supportsSmsOverGprsFeature\", __LINE__"};
+const Site kSiteFeatureCheck{"MSGCTR_CHECK(supportsSmsOverGprsFeature());"};
+const Site kSiteModeCheck{"MSGCTR_CHECK(TAPI_RESULT_SUCC == TAPI_SMS_GetSmsTransportMode("};
+const Site kSiteSetModeCall{"TAPI_SMS_SetSmsTransportMode(mode)"};
+
+int lineOf(const Site& site)
+{
+    return sourceLine(QStringLiteral("src/tapi/MSGCTR_ENG_TAPI.cpp"), site);
+}
 
 // The prefix of a report line from this wrapper, with "<T>" where the tick count stands.
-QString at(int line, const char* function)
+QString at(const Site& site, const char* function)
 {
-    return QStringLiteral("MSGCTR_ENG_TAPI.cpp(%1)[%2]<T>: ").arg(line).arg(QLatin1String(function));
-}
-
-// The report lines with their tick digits (and only those) replaced by "<T>"; as standard strings so that a
-// failed comparison prints them readably.
-std::vector<std::string> ticksMasked(const QStringList& lines)
-{
-    static const QRegularExpression tick(QStringLiteral("^(MSGCTR_ENG_TAPI\\.cpp\\(\\d+\\)\\[\\w+\\])\\d+: "));
-    std::vector<std::string> masked;
-    for (QString line : lines)
-        masked.push_back(line.replace(tick, QStringLiteral("\\1<T>: ")).toStdString());
-    return masked;
-}
-
-std::vector<std::string> expected(const QStringList& lines)
-{
-    std::vector<std::string> out;
-    for (const QString& line : lines)
-        out.push_back(line.toStdString());
-    return out;
+    return QStringLiteral("MSGCTR_ENG_TAPI.cpp(%1)[%2]<T>: ").arg(lineOf(site)).arg(QLatin1String(function));
 }
 
 _TAPI_SMS_EXPIRE_PERIOD_DATA_S pair(unsigned int unit, unsigned char value)
@@ -115,10 +105,10 @@ TEST_P(TapiFailedCallTest, GetterReturnsTheMappedResult)
     const QString code = QString::number(c.msgctrErrcode);
     const QString result = QString::number(c.tapiResult);
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineGetCall, "errcodeGetSmsServiceCenterNumber"),
-                        at(kLineGetCall, "errcodeGetSmsServiceCenterNumber")
+              expected({at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber"),
+                        at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("phoneNumber = \"\"(PCSTR8, len=0), tapiResult = %1(S32,4), ").arg(result),
-                        at(kLineGetCall, "errcodeGetSmsServiceCenterNumber")
+                        at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("assert fail at \"false\"; msgctrErrcode = %1(S32,4), "
                                              "tapiResult = %2(S32,4), ")
                                   .arg(code, result)}));
@@ -127,9 +117,12 @@ TEST_P(TapiFailedCallTest, GetterReturnsTheMappedResult)
 const MappingCase kFailures[] = {{509, 10026}, {305, 10083}, {819, 10010}, {22, 10084},
                                  {7, 100007},   {1, 100001},   {510, 100510}, {-1, 99999}};
 
-INSTANTIATE_TEST_SUITE_P(Success, TapiMappingTest, ::testing::Values(MappingCase{0, 0}));
-INSTANTIATE_TEST_SUITE_P(Table, TapiMappingTest, ::testing::ValuesIn(kFailures));
-INSTANTIATE_TEST_SUITE_P(Table, TapiFailedCallTest, ::testing::ValuesIn(kFailures));
+INSTANTIATE_TEST_SUITE_P(Success, TapiMappingTest, ::testing::Values(MappingCase{0, 0}),
+                         [](const auto& info) { return rowName("TapiResult", info.param.tapiResult); });
+INSTANTIATE_TEST_SUITE_P(Table, TapiMappingTest, ::testing::ValuesIn(kFailures),
+                         [](const auto& info) { return rowName("TapiResult", info.param.tapiResult); });
+INSTANTIATE_TEST_SUITE_P(Table, TapiFailedCallTest, ::testing::ValuesIn(kFailures),
+                         [](const auto& info) { return rowName("TapiResult", info.param.tapiResult); });
 
 TEST_F(TapiTest, TracingIsAlwaysOn)
 {
@@ -196,7 +189,8 @@ INSTANTIATE_TEST_SUITE_P(
                       SecondsCase{2592000, 2, 30, 2592000}, SecondsCase{2592001, 3, 5, 3024000},
                       SecondsCase{3024000, 3, 5, 3024000}, SecondsCase{38102399, 3, 62, 38102399},
                       SecondsCase{38102400, 3, 63, 38102400}, SecondsCase{38102401, 3, 63, 38102400},
-                      SecondsCase{40000000, 3, 63, 38102400}, SecondsCase{INT_MAX, 3, 63, 38102400}));
+                      SecondsCase{40000000, 3, 63, 38102400}, SecondsCase{INT_MAX, 3, 63, 38102400}),
+                         [](const auto& info) { return rowName(info.param.input, "Seconds"); });
 
 // ---- validity period: pair to octet, every unit at its edges
 
@@ -226,7 +220,8 @@ INSTANTIATE_TEST_SUITE_P(Table, TapiOctetTest,
                                            OctetCase{1, 47, 166}, OctetCase{1, 48, 167}, OctetCase{2, 2, 168},
                                            OctetCase{2, 3, 169}, OctetCase{2, 29, 195}, OctetCase{2, 30, 196},
                                            OctetCase{3, 5, 197}, OctetCase{3, 6, 198}, OctetCase{3, 62, 254},
-                                           OctetCase{3, 63, 255}));
+                                           OctetCase{3, 63, 255}),
+                         [](const auto& info) { return rowName("Unit", info.param.unit, "Value", int(info.param.value)); });
 
 struct OutsideCase {
     unsigned int unit;
@@ -245,7 +240,7 @@ TEST_P(TapiOutsideTest, UnrepresentablePairFallsBackToTheMaximum)
     const OutsideCase c = GetParam();
     EXPECT_EQ(int(MSGCTR_ENG_TAPI::toU8VpFromStruVp(pair(c.unit, c.value))), 255);
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineToU8VpFromStruVpReport, "toU8VpFromStruVp")
+              expected({at(kSiteToU8VpFromStruVpReport, "toU8VpFromStruVp")
                         + QStringLiteral("assert fail at \"false\"; struVp.unit = %1(S32,4), "
                                          "struVp.value = %2/0x%3(U8,1), ")
                               .arg(c.unit)
@@ -257,7 +252,8 @@ INSTANTIATE_TEST_SUITE_P(Table, TapiOutsideTest,
                          ::testing::Values(OutsideCase{0, 0}, OutsideCase{0, 145}, OutsideCase{1, 24},
                                            OutsideCase{1, 49}, OutsideCase{2, 1}, OutsideCase{2, 31},
                                            OutsideCase{3, 4}, OutsideCase{3, 64}, OutsideCase{3, 255},
-                                           OutsideCase{4, 1}));
+                                           OutsideCase{4, 1}),
+                         [](const auto& info) { return rowName("Unit", info.param.unit, "Value", int(info.param.value)); });
 
 TEST_F(TapiTest, MaximumIsSixtyThreeWeeks)
 {
@@ -281,10 +277,10 @@ TEST_F(TapiTest, MaximumThatCannotBeConvertedGivesZero)
     ZorHost::injectFault(QStringLiteral("TAPI_SMS_ExpirePeriodToUINT8"), 0, 2);
     EXPECT_EQ(int(MSGCTR_ENG_TAPI::toU8VpFromStruVp(pair(0, 1))), 0);
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineToU8VpFromStruVpReport, "toU8VpFromStruVp")
+              expected({at(kSiteToU8VpFromStruVpReport, "toU8VpFromStruVp")
                             + QStringLiteral("assert fail at \"false\"; struVp.unit = 0(S32,4), "
                                              "struVp.value = 1/0x01(U8,1), "),
-                        at(kLineU8VpOfMaximumReport, "u8VpOfMaximum")
+                        at(kSiteU8VpOfMaximumReport, "u8VpOfMaximum")
                             + QStringLiteral("assert fail at \"false\"; struVp.unit = 3(S32,4), "
                                              "struVp.value = 63/0x3F(U8,1), ")}));
 }
@@ -295,7 +291,7 @@ TEST_F(TapiTest, UnknownUnitGivesMinusOneWithAReport)
 {
     EXPECT_EQ(MSGCTR_ENG_TAPI::toSecondSFromStruVp(pair(4, 10)), -1);
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineUnknownUnitReport, "toSecondSFromStruVp")
+              expected({at(kSiteUnknownUnitReport, "toSecondSFromStruVp")
                         + QStringLiteral("assert fail at \"nSecondS > 0\"; ")}));
 }
 
@@ -303,7 +299,7 @@ TEST_F(TapiTest, ValueZeroGivesZeroSecondsWithAReport)
 {
     EXPECT_EQ(MSGCTR_ENG_TAPI::toSecondSFromStruVp(pair(2, 0)), 0);
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineZeroSecondsCheck, "toSecondSFromStruVp")
+              expected({at(kSiteZeroSecondsCheck, "toSecondSFromStruVp")
                         + QStringLiteral("assert fail at \"nSecondS > 0\"; ")}));
 }
 
@@ -327,9 +323,9 @@ TEST_F(TapiTest, SetServiceCenterTracesAndReachesThePlatform)
     const QString number = QStringLiteral("rSvctrNumber = \"+4915550100\"(QString, len=11), ");
     const QString buffer = QStringLiteral("szServiceCenter = \"+4915550100\"(PCSTR8, len=11), ");
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineSetFirstTrace, "errcodeSetSmsServiceCenterNumber") + number,
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer,
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer
+              expected({at(kSiteSetFirstTrace, "errcodeSetSmsServiceCenterNumber") + number,
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer,
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer
                             + QStringLiteral("tapiResult = 0(S32,4), ")}));
 }
 
@@ -355,13 +351,14 @@ TEST_P(TapiLongNumberTest, LongerNumberArrivesCutToFortyOneSilently)
     const QString buffer = QStringLiteral("szServiceCenter = \"%1\"(PCSTR8, len=41), ").arg(cut);
     // The cut itself is not reported: the three trace lines are all there is.
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineSetFirstTrace, "errcodeSetSmsServiceCenterNumber") + whole,
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber") + whole + buffer,
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber") + whole + buffer
+              expected({at(kSiteSetFirstTrace, "errcodeSetSmsServiceCenterNumber") + whole,
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber") + whole + buffer,
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber") + whole + buffer
                             + QStringLiteral("tapiResult = 0(S32,4), ")}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Lengths, TapiLongNumberTest, ::testing::Values(42, 43, 60, 200));
+INSTANTIATE_TEST_SUITE_P(Lengths, TapiLongNumberTest, ::testing::Values(42, 43, 60, 200),
+                         [](const auto& info) { return rowName("Digits", info.param); });
 
 TEST_F(TapiTest, SetServiceCenterFailureIsReportedWithNumberAndResult)
 {
@@ -370,11 +367,11 @@ TEST_F(TapiTest, SetServiceCenterFailureIsReportedWithNumberAndResult)
     const QString number = QStringLiteral("rSvctrNumber = \"12\"(QString, len=2), ");
     const QString buffer = QStringLiteral("szServiceCenter = \"12\"(PCSTR8, len=2), ");
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineSetFirstTrace, "errcodeSetSmsServiceCenterNumber") + number,
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer,
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer
+              expected({at(kSiteSetFirstTrace, "errcodeSetSmsServiceCenterNumber") + number,
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer,
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber") + number + buffer
                             + QStringLiteral("tapiResult = 509(S32,4), "),
-                        at(kLineSetCall, "errcodeSetSmsServiceCenterNumber")
+                        at(kSiteSetCall, "errcodeSetSmsServiceCenterNumber")
                             + QStringLiteral("assert fail at \"MSGCTR_ERRCODE_IS_SUCCESS( msgctrErrcode )\"; "
                                              "msgctrErrcode = 10026(S32,4), ")
                             + number + QStringLiteral("tapiResult = 509(S32,4), ")}));
@@ -395,10 +392,10 @@ TEST_F(TapiTest, GetServiceCenterDeliversTheNumberWithItsTraces)
     EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeGetSmsServiceCenterNumber(&number), 0);
     EXPECT_EQ(number, QStringLiteral("+3312345"));
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineGetCall, "errcodeGetSmsServiceCenterNumber"),
-                        at(kLineGetCall, "errcodeGetSmsServiceCenterNumber")
+              expected({at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber"),
+                        at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("phoneNumber = \"+3312345\"(PCSTR8, len=8), tapiResult = 0(S32,4), "),
-                        at(kLineGetNumberTrace, "errcodeGetSmsServiceCenterNumber")
+                        at(kSiteGetNumberTrace, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("strSvctrNumber = \"+3312345\"(QString, len=8), ")}));
 }
 
@@ -410,12 +407,12 @@ TEST_F(TapiTest, EmptyServiceCenterIsReportedAndStillDelivered)
     EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeGetSmsServiceCenterNumber(&number), 0);
     EXPECT_TRUE(number.isEmpty());
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineGetCall, "errcodeGetSmsServiceCenterNumber"),
-                        at(kLineGetCall, "errcodeGetSmsServiceCenterNumber")
+              expected({at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber"),
+                        at(kSiteGetCall, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("phoneNumber = \"\"(PCSTR8, len=0), tapiResult = 0(S32,4), "),
-                        at(kLineGetNumberTrace, "errcodeGetSmsServiceCenterNumber")
+                        at(kSiteGetNumberTrace, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("strSvctrNumber = \"\"(QString, len=0), "),
-                        at(kLineGetEmptyCheck, "errcodeGetSmsServiceCenterNumber")
+                        at(kSiteGetEmptyCheck, "errcodeGetSmsServiceCenterNumber")
                             + QStringLiteral("assert fail at \"!strSvctrNumber.isEmpty()\"; ")}));
 }
 
@@ -428,71 +425,84 @@ TEST_F(TapiTest, ServiceCenterRoundTrip)
 }
 
 // ---- storage notifications
+// The wrapper remembers the last notice for the whole process; each scenario starts from a fresh one.
 
 TEST_F(TapiTest, FirstFullNoticeReachesThePlatformWithItsTraces)
 {
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 1);
-    EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineFullCall, "errcodeNotifTapiThatFlashFull"),
-                        at(kLineFullCall, "errcodeNotifTapiThatFlashFull")
-                            + QStringLiteral("tapiResult = 0(S32,4), ")}));
+    runForkedScenario([&] {
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 1);
+        EXPECT_EQ(ticksMasked(reportLines()),
+                  expected({at(kSiteFullCall, "errcodeNotifTapiThatFlashFull"),
+                            at(kSiteFullCall, "errcodeNotifTapiThatFlashFull")
+                                + QStringLiteral("tapiResult = 0(S32,4), ")}));
+    });
 }
 
 TEST_F(TapiTest, FirstAvailableNoticeReachesThePlatform)
 {
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail")), 1);
-    EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineAvailCall, "errcodeNotifTapiThatFlashAvailable"),
-                        at(kLineAvailCall, "errcodeNotifTapiThatFlashAvailable")
-                            + QStringLiteral("tapiResult = 0(S32,4), ")}));
+    runForkedScenario([&] {
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail")), 1);
+        EXPECT_EQ(ticksMasked(reportLines()),
+                  expected({at(kSiteAvailCall, "errcodeNotifTapiThatFlashAvailable"),
+                            at(kSiteAvailCall, "errcodeNotifTapiThatFlashAvailable")
+                                + QStringLiteral("tapiResult = 0(S32,4), ")}));
+    });
 }
 
 TEST_F(TapiTest, SecondFullNoticeInARowDoesNotCallThePlatform)
 {
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    takeReportLines();
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 1);
-    EXPECT_EQ(reportLines(), QStringList());
+    runForkedScenario([&] {
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        takeReportLines();
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 1);
+        EXPECT_EQ(reportLines(), QStringList());
+    });
 }
 
 TEST_F(TapiTest, FullNoticeGoesOutAgainAfterAnAvailableOne)
 {
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 2);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail")), 1);
+    runForkedScenario([&] {
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 2);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail")), 1);
+    });
 }
 
 TEST_F(TapiTest, FailedFullNoticeIsReportedAndRetried)
 {
-    ZorHost::injectFault(QStringLiteral("TAPI_SMS_NotifyMeStorageFull"), 819);
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 10010);
-    EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineFullCall, "errcodeNotifTapiThatFlashFull"),
-                        at(kLineFullCall, "errcodeNotifTapiThatFlashFull")
-                            + QStringLiteral("tapiResult = 819(S32,4), "),
-                        at(kLineFullCall, "errcodeNotifTapiThatFlashFull")
-                            + QStringLiteral("assert fail at \"false\"; msgctrErrcode = 10010(S32,4), "
-                                             "tapiResult = 819(S32,4), ")}));
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 2);
+    runForkedScenario([&] {
+        ZorHost::injectFault(QStringLiteral("TAPI_SMS_NotifyMeStorageFull"), 819);
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 10010);
+        EXPECT_EQ(ticksMasked(reportLines()),
+                  expected({at(kSiteFullCall, "errcodeNotifTapiThatFlashFull"),
+                            at(kSiteFullCall, "errcodeNotifTapiThatFlashFull")
+                                + QStringLiteral("tapiResult = 819(S32,4), "),
+                            at(kSiteFullCall, "errcodeNotifTapiThatFlashFull")
+                                + QStringLiteral("assert fail at \"false\"; msgctrErrcode = 10010(S32,4), "
+                                                 "tapiResult = 819(S32,4), ")}));
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 2);
+    });
 }
 
 TEST_F(TapiTest, FailedAvailableNoticeKeepsTheFullState)
 {
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    ZorHost::injectFault(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail"), 22);
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 10084);
-    // Still "full" as far as the wrapper knows: another full notice is not passed on.
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 1);
-    EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
-    EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail")), 2);
+    runForkedScenario([&] {
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        ZorHost::injectFault(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail"), 22);
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 10084);
+        // Still "full" as far as the wrapper knows: another full notice is not passed on.
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashFull(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageFull")), 1);
+        EXPECT_EQ(MSGCTR_ENG_TAPI::errcodeNotifTapiThatFlashAvailable(), 0);
+        EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_NotifyMeStorageAvail")), 2);
+    });
 }
 
 // ---- SMS over GPRS
@@ -501,7 +511,7 @@ QByteArray debugRecord(int result)
 {
     return QStringLiteral("\n\nw70411: MSGCTR_ENG_TAPI, supportsSmsOverGprsFeature, %1 \n"
                           "w70411: \"TAPI_SMS_GetSmsTransportMode: %2\"\n")
-        .arg(kLineDebugRecord)
+        .arg(lineOf(kSiteDebugRecord))
         .arg(result)
         .toLatin1();
 }
@@ -559,8 +569,8 @@ TEST_F(TapiTest, EnableTracesTheMode)
     EXPECT_EQ(MSGCTR_ENG_TAPI::enableSmsOverGprsSwitch(true), 0);
     const QString values = QStringLiteral("bEnable = true(bool,1), mode = 2/0x02(U8,1), ");
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineSetModeCall, "enableSmsOverGprsSwitch") + values,
-                        at(kLineSetModeCall, "enableSmsOverGprsSwitch") + values
+              expected({at(kSiteSetModeCall, "enableSmsOverGprsSwitch") + values,
+                        at(kSiteSetModeCall, "enableSmsOverGprsSwitch") + values
                             + QStringLiteral("tapiResult = 0(S32,4), ")}));
 }
 
@@ -570,10 +580,10 @@ TEST_F(TapiTest, FailedEnableReportsTheCodeOnly)
     EXPECT_EQ(MSGCTR_ENG_TAPI::enableSmsOverGprsSwitch(false), 100007);
     const QString values = QStringLiteral("bEnable = false(bool,1), mode = 1/0x01(U8,1), ");
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineSetModeCall, "enableSmsOverGprsSwitch") + values,
-                        at(kLineSetModeCall, "enableSmsOverGprsSwitch") + values
+              expected({at(kSiteSetModeCall, "enableSmsOverGprsSwitch") + values,
+                        at(kSiteSetModeCall, "enableSmsOverGprsSwitch") + values
                             + QStringLiteral("tapiResult = 7(S32,4), "),
-                        at(kLineSetModeCall, "enableSmsOverGprsSwitch")
+                        at(kSiteSetModeCall, "enableSmsOverGprsSwitch")
                             + QStringLiteral("assert fail at \"false\"; msgctrErrcode = 100007(S32,4), ")}));
 }
 
@@ -582,9 +592,9 @@ TEST_F(TapiTest, SwitchWithoutTheFeatureIsReportedAndOff)
     ZorHost::setSmsTransportModeSupported(false);
     EXPECT_FALSE(MSGCTR_ENG_TAPI::smsOverGprsSwitchIsEnabled());
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineFeatureCheck, "smsOverGprsSwitchIsEnabled")
+              expected({at(kSiteFeatureCheck, "smsOverGprsSwitchIsEnabled")
                             + QStringLiteral("assert fail at \"supportsSmsOverGprsFeature()\"; "),
-                        at(kLineModeCheck, "smsOverGprsSwitchIsEnabled")
+                        at(kSiteModeCheck, "smsOverGprsSwitchIsEnabled")
                             + QStringLiteral("assert fail at \"TAPI_RESULT_SUCC == "
                                              "TAPI_SMS_GetSmsTransportMode( &mode )\"; ")}));
 }
@@ -599,9 +609,9 @@ TEST_F(TapiTest, SwitchIsOffWhenTheModeReadFails)
     EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_SMS_GetSmsTransportMode")), 3);
     EXPECT_EQ(debugFile(), debugRecord(509));
     EXPECT_EQ(ticksMasked(reportLines()),
-              expected({at(kLineFeatureCheck, "smsOverGprsSwitchIsEnabled")
+              expected({at(kSiteFeatureCheck, "smsOverGprsSwitchIsEnabled")
                             + QStringLiteral("assert fail at \"supportsSmsOverGprsFeature()\"; "),
-                        at(kLineModeCheck, "smsOverGprsSwitchIsEnabled")
+                        at(kSiteModeCheck, "smsOverGprsSwitchIsEnabled")
                             + QStringLiteral("assert fail at \"TAPI_RESULT_SUCC == "
                                              "TAPI_SMS_GetSmsTransportMode( &mode )\"; ")}));
 }
@@ -634,6 +644,7 @@ INSTANTIATE_TEST_SUITE_P(Table, TapiGsmTest,
                                            GsmCase{u"{}[]~\\|^\u20ac", true}, GsmCase{u"\u00e0 la carte", true},
                                            GsmCase{u"\u00e1", false}, GsmCase{u"price: 5\u00a2", false},
                                            GsmCase{u"\u4e2d\u6587", false}, GsmCase{u"ok \U0001F600", false},
-                                           GsmCase{u"tab\there", false}));
+                                           GsmCase{u"tab\there", false}),
+                         [](const auto& info) { return rowName(std::u16string(info.param.text)); });
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "MSGCTR_ENG_UTIL_Dbg.h"
 
+#include "ForkedScenario.h"
 #include "HostRootTest.h"
+#include "ReportCapture.h"
 
 #include <ostream>
 #include "MSGCTR_ENG_DbgCtrlCenter.h"
@@ -18,6 +20,12 @@
 namespace {
 
 class UtilDbgTest : public HostRootTest {};
+
+// Tests that install writers of their own take them away again when they end.
+class UtilDbgWriter : public ::testing::Test {
+protected:
+    void TearDown() override { ReportCapture::stop(); }
+};
 
 struct FileCase {
     const char* name;
@@ -201,17 +209,20 @@ TEST_F(UtilDbgTest, EnableOutputLogChangesNothingVisible)
     EXPECT_EQ(reportLines(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
 }
 
-TEST(UtilDbgWriter, WithoutCallbackLinesGoToStandardError)
+TEST_F(UtilDbgWriter, WithoutCallbackLinesGoToStandardError)
 {
-    const QByteArray written = captureStderr([] {
-        MSGCTR_ENG_UTIL_Dbg::outputToStdout("one\n\ntwo\n");
-        MSGCTR_ENG_UTIL_Dbg::outputToStdout(QString::fromUtf16(u"\u20AC%s"));
-        MSGCTR_ENG_UTIL_Dbg::callPrintln(nullptr);
+    // Only a process where no writer was ever installed has none.
+    runForkedScenario([] {
+        const QByteArray written = captureStderr([] {
+            MSGCTR_ENG_UTIL_Dbg::outputToStdout("one\n\ntwo\n");
+            MSGCTR_ENG_UTIL_Dbg::outputToStdout(QString::fromUtf16(u"\u20AC%s"));
+            MSGCTR_ENG_UTIL_Dbg::callPrintln(nullptr);
+        });
+        EXPECT_EQ(written, QByteArray("one\n\ntwo\n?%s\n\n"));
     });
-    EXPECT_EQ(written, QByteArray("one\n\ntwo\n?%s\n\n"));
 }
 
-TEST(UtilDbgWriter, CallbackReplacesStandardError)
+TEST_F(UtilDbgWriter, CallbackReplacesStandardError)
 {
     g_ownLines.clear();
     MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(ownWriter);
@@ -220,7 +231,7 @@ TEST(UtilDbgWriter, CallbackReplacesStandardError)
     EXPECT_EQ(g_ownLines, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
 }
 
-TEST(UtilDbgWriter, NullCallbackKeepsTheCurrentWriter)
+TEST_F(UtilDbgWriter, NullCallbackKeepsTheCurrentWriter)
 {
     g_ownLines.clear();
     MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(ownWriter);
@@ -230,14 +241,16 @@ TEST(UtilDbgWriter, NullCallbackKeepsTheCurrentWriter)
     EXPECT_EQ(g_ownLines, QStringList{QStringLiteral("kept")});
 }
 
-TEST(UtilDbgWriter, NullCallbackBeforeAnyWriterKeepsStandardError)
+TEST_F(UtilDbgWriter, NullCallbackBeforeAnyWriterKeepsStandardError)
 {
-    MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(nullptr);
-    const QByteArray written = captureStderr([] { MSGCTR_ENG_UTIL_Dbg::outputToStdout("still here"); });
-    EXPECT_EQ(written, QByteArray("still here\n"));
+    runForkedScenario([] {
+        MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(nullptr);
+        const QByteArray written = captureStderr([] { MSGCTR_ENG_UTIL_Dbg::outputToStdout("still here"); });
+        EXPECT_EQ(written, QByteArray("still here\n"));
+    });
 }
 
-TEST(UtilDbgWriter, LaterCallbackReplacesTheEarlierOne)
+TEST_F(UtilDbgWriter, LaterCallbackReplacesTheEarlierOne)
 {
     g_ownLines.clear();
     MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(ownWriter);
@@ -246,7 +259,7 @@ TEST(UtilDbgWriter, LaterCallbackReplacesTheEarlierOne)
     EXPECT_EQ(g_ownLines, QStringList{QStringLiteral("other:x")});
 }
 
-TEST(UtilDbgWriter, WriterThatReportsDoesNotRecurse)
+TEST_F(UtilDbgWriter, WriterThatReportsDoesNotRecurse)
 {
     g_ownLines.clear();
     MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(reportingWriter);

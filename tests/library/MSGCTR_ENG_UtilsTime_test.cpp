@@ -1,5 +1,6 @@
 #include "HostRootTest.h"
 #include "ScopedTimeZone.h"
+#include "TimeZoneTest.h"
 
 #include "MSGCTR_ENG_UtilsTime.h"
 #include "ZorHostControl.h"
@@ -18,22 +19,10 @@ const QString kIsoFormat = QStringLiteral("yyyyMMdd'T'HHmmss'Z'");
 class UtilsTimeTest : public HostRootTest {
 };
 
-// Runs under the zone of its parameter (TZ of this process), with Qt's own zone as the reference.
-class UtilsTimeZoneTest : public HostRootTest, public ::testing::WithParamInterface<const char*> {
+class UtilsTimeZoneTest : public TimeZoneTest {
 protected:
-    void SetUp() override
-    {
-        HostRootTest::SetUp();
-        m_zone = QTimeZone(QByteArray(GetParam()));
-        ASSERT_TRUE(m_zone.isValid()) << "no zone data for " << GetParam();
-        m_systemZone = std::make_unique<ScopedTimeZone>(GetParam());
-    }
-
     // Qt's answer: UTC seconds of a wall clock in the zone.
     qint64 qtUtc(const QDate& date, const QTime& time) const { return QDateTime(date, time, m_zone).toSecsSinceEpoch(); }
-
-    QTimeZone m_zone;
-    std::unique_ptr<ScopedTimeZone> m_systemZone;
 };
 
 // Far from every daylight-saving change of the zones below, so the probe's arithmetic holds there.
@@ -275,10 +264,6 @@ TEST_F(UtilsTimeTest, SkippedWallClockMovesForwardAlsoWhenTheChangeIsNotDaylight
     EXPECT_EQ(MSGCTR_ENG_UtilsTime::toUTC(asWritten), 1679792400);
 }
 
-INSTANTIATE_TEST_SUITE_P(Zones, UtilsTimeZoneTest,
-                         ::testing::Values("UTC", "Asia/Tokyo", "America/Los_Angeles", "Europe/Berlin"),
-                         [](const ::testing::TestParamInfo<const char*>& info) {
-                             return QString::fromLatin1(info.param).replace(QLatin1Char('/'), QLatin1Char('_')).toStdString();
-                         });
+INSTANTIATE_TEST_SUITE_P(Zones, UtilsTimeZoneTest, ::testing::ValuesIn(testedZones()), zoneRowName);
 
 } // namespace

@@ -1,10 +1,12 @@
 #include "MSGCTR_ERRCODE.h"
 
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include <ostream>
 
 #include <climits>
+#include <limits>
 
 namespace {
 
@@ -50,9 +52,9 @@ TEST_F(ErrcodeTest, ErrorReportingIsSwitchedOn)
 
 TEST_F(ErrcodeTest, CodeIsASigned32BitInteger)
 {
-    static_assert(sizeof(MSGCTR_ERRCODE) == 4, "32 bits");
-    static_assert(MSGCTR_ERRCODE(-1) < 0, "signed");
-    SUCCEED();
+    EXPECT_EQ(sizeof(MSGCTR_ERRCODE), 4u);
+    EXPECT_EQ(std::numeric_limits<MSGCTR_ERRCODE>::min(), -2147483647 - 1);
+    EXPECT_EQ(std::numeric_limits<MSGCTR_ERRCODE>::max(), 2147483647);
 }
 
 TEST_P(ErrcodeValueTest, HasItsValue)
@@ -81,4 +83,5 @@ INSTANTIATE_TEST_SUITE_P(
                       CodeValue{MSGCTR_ERRCODE__TAPI_RESULT_305, 10083},
                       CodeValue{MSGCTR_ERRCODE__INVALID_ARGUMENT, 10084},
                       CodeValue{MSGCTR_ERRCODE__ADDRBK_RESULT_MINUS_100, 10096},
-                      CodeValue{MSGCTR_ERRCODE__TAPI_UNMAPPED_BASE, 100000}));
+                      CodeValue{MSGCTR_ERRCODE__TAPI_UNMAPPED_BASE, 100000}),
+                         [](const auto& info) { return rowName("Code", info.param.value); });

@@ -166,11 +166,15 @@ TEST_F(MsgctrReportTest, MultiLineValueIsWrittenAsSeveralLines)
 TEST_F(MsgctrReportTest, ReportsReachTheLogString)
 {
     MSGCTR_ENG_DbgCtrlCenter::obj().enableDbgInfoToLogString(true);
-    loadQuickTexts(12);
-    errcodeGetSmsServiceCenterNumber(10021);
-    const QStringList lines = reportLines();
-    ASSERT_EQ(lines.size(), 2);
-    EXPECT_EQ(MSGCTR_ENG_DbgCtrlCenter::obj().getLogString(), lines.join(QString()));
+    const int traceLine = loadQuickTexts(12);
+    const int errorLine = errcodeGetSmsServiceCenterNumber(10021);
+    // The reports follow each other with no separator, each with its own tick count.
+    QString log = MSGCTR_ENG_DbgCtrlCenter::obj().getLogString();
+    log.replace(QRegularExpression(QStringLiteral("\\][0-9]+: ")), QStringLiteral("]<ticks>: "));
+    EXPECT_EQ(log, at(traceLine, "loadQuickTexts")
+                       + QStringLiteral("count = 12(S32,4),  too many user-defined-quick-text ")
+                       + at(errorLine, "errcodeGetSmsServiceCenterNumber")
+                       + QStringLiteral("assert fail at \"false\"; msgctrErrcode = 10021(S32,4), "));
 }
 
 TEST_F(MsgctrReportTest, TraceOnScreenIsOffByDefault)

@@ -1,34 +1,12 @@
 #include "HostRootTest.h"
+#include "ReportLines.h"
 
 #include "tapi/MsgctrTapiCall.h"
 
 #include "TAPI.h"
 #include "ZorHostControl.h"
 
-#include <QRegularExpression>
-
-#include <string>
-#include <vector>
-
 namespace {
-
-// Report lines with their tick digits (and only those) replaced by "<T>".
-std::vector<std::string> ticksMasked(const QStringList& lines)
-{
-    static const QRegularExpression tick(QStringLiteral("^(MsgctrTapiCall_test\\.cpp\\(\\d+\\)\\[\\w+\\])\\d+: "));
-    std::vector<std::string> masked;
-    for (QString line : lines)
-        masked.push_back(line.replace(tick, QStringLiteral("\\1<T>: ")).toStdString());
-    return masked;
-}
-
-std::vector<std::string> expected(const QStringList& lines)
-{
-    std::vector<std::string> out;
-    for (const QString& line : lines)
-        out.push_back(line.toStdString());
-    return out;
-}
 
 // A wrapper as the cell-broadcast ones are written; the line of its call is what its reports show.
 const int kLineOfSetState = __LINE__ + 3;

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "SETUP_SET_Manager.h"
 #include "ZorHostControl.h"
@@ -137,11 +138,16 @@ TEST_F(SetupSetManagerTest, RemovedKeyReadsItsDefaultAndAnEmptyGroupDisappears)
     EXPECT_EQ(fileBytes(store.fileName()), QByteArray("[OTHER]\nB=2\n"));
 }
 
+// What each typed getter answers for a stored text, and the value it then reads (the default 42, 42 or true
+// when the text is not of its type).
 struct WrongType {
     const char* stored;
     bool intOk;
+    int intValue;
     bool uintOk;
+    unsigned int uintValue;
     bool boolOk;
+    bool boolValue;
 };
 
 class SetupSetManagerWrongTypeTest : public SetupSetManagerTest, public ::testing::WithParamInterface<WrongType> {};
@@ -156,27 +162,25 @@ TEST_P(SetupSetManagerWrongTypeTest, ValueOfAnotherTypeReadsTheDefault)
     EXPECT_EQ(store.getInt(QStringLiteral("G"), QStringLiteral("K"), &i, 42), GetParam().intOk);
     EXPECT_EQ(store.getUInt(QStringLiteral("G"), QStringLiteral("K"), &u, 42u), GetParam().uintOk);
     EXPECT_EQ(store.getBool(QStringLiteral("G"), QStringLiteral("K"), &b, true), GetParam().boolOk);
-    if (!GetParam().intOk) {
-        EXPECT_EQ(i, 42);
-    }
-    if (!GetParam().uintOk) {
-        EXPECT_EQ(u, 42u);
-    }
-    if (!GetParam().boolOk) {
-        EXPECT_TRUE(b);
-    }
+    EXPECT_EQ(i, GetParam().intValue);
+    EXPECT_EQ(u, GetParam().uintValue);
+    EXPECT_EQ(b, GetParam().boolValue);
     QString s;
     EXPECT_TRUE(store.getString(QStringLiteral("G"), QStringLiteral("K"), &s, QString(), false));
     EXPECT_EQ(s, QString::fromUtf8(GetParam().stored));
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, SetupSetManagerWrongTypeTest,
-                         ::testing::Values(WrongType{"abc", false, false, false}, WrongType{"-1", true, false, false},
-                                           WrongType{"4294967296", false, false, false},
-                                           WrongType{"2147483648", false, true, false},
-                                           WrongType{"0", true, true, true}, WrongType{"1", true, true, true},
-                                           WrongType{"TRUE", false, false, true}, WrongType{"5,x", false, false, false},
-                                           WrongType{"", false, false, false}));
+                         ::testing::Values(WrongType{"abc", false, 42, false, 42u, false, true},
+                                           WrongType{"-1", true, -1, false, 42u, false, true},
+                                           WrongType{"4294967296", false, 42, false, 42u, false, true},
+                                           WrongType{"2147483648", false, 42, true, 2147483648u, false, true},
+                                           WrongType{"0", true, 0, true, 0u, true, false},
+                                           WrongType{"1", true, 1, true, 1u, true, true},
+                                           WrongType{"TRUE", false, 42, false, 42u, true, true},
+                                           WrongType{"5,x", false, 42, false, 42u, false, true},
+                                           WrongType{"", false, 42, false, 42u, false, true}),
+                         [](const auto& info) { return rowName("Stored", info.param.stored); });
 
 TEST_F(SetupSetManagerTest, StoredBooleansReadAsWritten)
 {
@@ -216,7 +220,8 @@ TEST_P(SetupSetManagerTextTest, StorableTextRoundTripsThroughTheFile)
 INSTANTIATE_TEST_SUITE_P(Texts, SetupSetManagerTextTest,
                          ::testing::Values(u"a=b", u"[GROUP]", u"[x", u"  blanks at both ends  ", u"tab\there",
                                            u"#not a comment", u";nor this", u"back\\slash", u"",
-                                           u"\u00e9\u00fc \u4e2d\u6587 \U0001F600", u"x=y=z", u"\u0001\u007f"));
+                                           u"\u00e9\u00fc \u4e2d\u6587 \U0001F600", u"x=y=z", u"\u0001\u007f"),
+                         [](const auto& info) { return rowName(std::u16string(info.param)); });
 
 class SetupSetManagerUnstorableTest : public SetupSetManagerTest,
                                       public ::testing::WithParamInterface<std::u16string> {};
@@ -237,7 +242,8 @@ TEST_P(SetupSetManagerUnstorableTest, TextTheStoreCannotKeepIsRefusedAndChangesN
 INSTANTIATE_TEST_SUITE_P(Texts, SetupSetManagerUnstorableTest,
                          ::testing::Values(std::u16string(u"line\nbreak"), std::u16string(u"carriage\rreturn"),
                                            std::u16string(u"nul\0inside", 10), std::u16string(u"\xd800 lone"),
-                                           std::u16string(u"lone \xdc00")));
+                                           std::u16string(u"lone \xdc00")),
+                         RowNameOfValue());
 
 class SetupSetManagerBadNameTest : public SetupSetManagerTest, public ::testing::WithParamInterface<const char*> {};
 
@@ -257,7 +263,8 @@ TEST_P(SetupSetManagerBadNameTest, NameTheFileCannotHoldIsRefused)
 
 INSTANTIATE_TEST_SUITE_P(Names, SetupSetManagerBadNameTest,
                          ::testing::Values("", "A=B", "[G]", "G]", " LEAD", "TRAIL ", "#COMMENT", ";COMMENT",
-                                           "LINE\nBREAK"));
+                                           "LINE\nBREAK"),
+                         RowNameOfValue());
 
 TEST_F(SetupSetManagerTest, EmptyTextIsAValueUnlessTheFlagSaysUnset)
 {

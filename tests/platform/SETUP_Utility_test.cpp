@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(Bits, SetupUtilityFactoryBitTest,
                          ::testing::Values(FactoryBit{49, true}, FactoryBit{112, false}, FactoryBit{178, false},
                                            FactoryBit{230, true}, FactoryBit{303, false}, FactoryBit{421, true},
                                            FactoryBit{467, false}, FactoryBit{506, false}),
-                         [](const auto& info) { return std::to_string(info.param.number); });
+                         [](const auto& info) { return "Bit" + std::to_string(info.param.number); });
 
 TEST_F(SetupUtilityTest, FactoryTableHoldsEveryBitTheMessagingSuiteAsksFor)
 {

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "UTIL_DateTime.h"
 #include "ZorHostControl.h"
@@ -41,7 +42,8 @@ INSTANTIATE_TEST_SUITE_P(
                       DateCase{UTIL_DateTime::DATE_FORMAT_YYYY_MM_DD, UTIL_DateTime::DATE_ACCURACY_DAY_MONTH_YEAR, "2006-01-02"},
                       DateCase{UTIL_DateTime::DATE_FORMAT_YYYY_MM_DD, UTIL_DateTime::DATE_ACCURACY_DAY_MONTH, "01-02"},
                       DateCase{UTIL_DateTime::DATE_FORMAT_YYYY_MM_DD, UTIL_DateTime::DATE_ACCURACY_MONTH_YEAR, "2006-01"},
-                      DateCase{UTIL_DateTime::DATE_FORMAT_YYYY_MM_DD, UTIL_DateTime::DATE_ACCURACY_YEAR, "2006"}));
+                      DateCase{UTIL_DateTime::DATE_FORMAT_YYYY_MM_DD, UTIL_DateTime::DATE_ACCURACY_YEAR, "2006"}),
+                         [](const auto& info) { return rowName("Format", int(info.param.format), "Accuracy", int(info.param.accuracy), info.param.text); });
 
 struct TimeCase {
     QTime time;
@@ -69,7 +71,8 @@ INSTANTIATE_TEST_SUITE_P(
                       TimeCase{QTime(0, 0), UTIL_DateTime::TIME_FORMAT_12_HOUR, UTIL_DateTime::TIME_ACCURACY_HOUR_MINUTE, "12:00 AM"},
                       TimeCase{QTime(12, 0), UTIL_DateTime::TIME_FORMAT_12_HOUR, UTIL_DateTime::TIME_ACCURACY_HOUR_MINUTE, "12:00 PM"},
                       TimeCase{QTime(12, 30), UTIL_DateTime::TIME_FORMAT_12_HOUR, UTIL_DateTime::TIME_ACCURACY_HOUR, "12 PM"},
-                      TimeCase{QTime(0, 0), UTIL_DateTime::TIME_FORMAT_24_HOUR, UTIL_DateTime::TIME_ACCURACY_HOUR_MINUTE_SECOND, "00:00:00"}));
+                      TimeCase{QTime(0, 0), UTIL_DateTime::TIME_FORMAT_24_HOUR, UTIL_DateTime::TIME_ACCURACY_HOUR_MINUTE_SECOND, "00:00:00"}),
+                         [](const auto& info) { return rowName("Format", int(info.param.format), "Accuracy", int(info.param.accuracy), info.param.text); });
 
 TEST_F(DateTimeTest, InvalidInputsAndUnknownEnumerationsGiveANullText)
 {

@@ -1,5 +1,6 @@
 #include "HostRootTest.h"
 #include "ScopedTimeZone.h"
+#include "RowName.h"
 
 #include "UTIL_TimeConversion.h"
 #include "ZorHostControl.h"

@@ -16,6 +16,7 @@
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <memory>
 
 namespace {
 
@@ -501,6 +502,23 @@ TEST_F(ZorHostControlTest, ResetAllRemovesPlatformStateButNothingElseUnderTheRoo
     EXPECT_FALSE(QFileInfo::exists(device.fileName()));
     EXPECT_EQ(TAPI_CB_SetStatus(1), TAPI_RESULT_SUCC);
     EXPECT_EQ(ZorHost::callCount(QStringLiteral("TAPI_CB_SetStatus")), 1);
+}
+
+TEST_F(ZorHostControlTest, UnregisteredResetHookIsNoLongerRun)
+{
+    const auto kept = std::make_shared<int>(0);
+    const auto removed = std::make_shared<int>(0);
+    const int keptHook = ZorHostCore::registerReset("kept", [kept] { ++*kept; });
+    const int removedHook = ZorHostCore::registerReset("removed", [removed] { ++*removed; });
+    EXPECT_NE(keptHook, removedHook);
+
+    ZorHostCore::unregisterReset(removedHook);
+    ZorHost::resetAll();
+    ZorHostCore::unregisterReset(keptHook);
+    ZorHost::resetAll();
+
+    EXPECT_EQ(*kept, 1);
+    EXPECT_EQ(*removed, 0);
 }
 
 TEST_F(ZorHostControlTest, StateFileReplacesAtomicallyAndReadsBack)

@@ -1,5 +1,6 @@
 // SIM card, SIM services, USIM file rules and the SMS settings of the telephony simulator.
 #include "HostRootTest.h"
+#include "RowName.h"
 #include "TAPI.h"
 #include "ZorHostControl.h"
 #include "ZorHostTapiControl.h"
@@ -108,7 +109,8 @@ TEST_P(ZorTapiNoCard, SimBackedCallsFail)
     EXPECT_FALSE(ZorHost::cphsMessageWaitingFlag(0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Statuses, ZorTapiNoCard, ::testing::Values(0, 1, 2, 5, 6, 255));
+INSTANTIATE_TEST_SUITE_P(Statuses, ZorTapiNoCard, ::testing::Values(0, 1, 2, 5, 6, 255),
+                         [](const auto& info) { return rowName("Status", info.param); });
 
 TEST_F(ZorTapiSim, UsimReadyIsUsableToo)
 {

@@ -5,6 +5,9 @@
 
 void HostRootTest::SetUp()
 {
+    m_environment = std::make_unique<ScopedEnvironment>(
+        QList<QByteArray>{"TZ", "ZORHOST_ROOT", "XDG_DATA_HOME", "HOME", "QT_QPA_PLATFORM"});
+    m_sink = std::make_unique<SavedReportSink>();
     m_dir = std::make_unique<QTemporaryDir>(QStringLiteral(ZOR_TEST_TMP "/root-XXXXXX"));
     ASSERT_TRUE(m_dir->isValid());
     ZorHost::setRoot(m_dir->path());
@@ -14,8 +17,12 @@ void HostRootTest::SetUp()
 
 void HostRootTest::TearDown()
 {
-    ReportCapture::stop();
     ZorHost::clearFaults();
+    // Still capturing: what restoring the sink writes is no report of the test.
+    m_sink->restore();
+    ReportCapture::stop();
+    ZorHost::setRoot(QString());
+    m_environment.reset();
 }
 
 QString HostRootTest::root() const

@@ -2,10 +2,11 @@
 
 #include "MSGCTR_ENG_UTIL_Dbg.h"
 
+#include <cstdio>
+
 namespace ReportCapture {
 namespace {
 
-bool g_active = false;
 QStringList& collected()
 {
     static QStringList lines;
@@ -14,23 +15,25 @@ QStringList& collected()
 
 void capture(const char* line)
 {
-    if (g_active)
-        collected().append(QString::fromLatin1(line));
+    collected().append(QString::fromLatin1(line));
+}
+
+void writeToStandardError(const char* line)
+{
+    std::fprintf(stderr, "%s\n", line);
 }
 
 } // namespace
 
 void start()
 {
-    static const bool installed = (MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(capture), true);
-    (void)installed;
     collected().clear();
-    g_active = true;
+    MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(capture);
 }
 
 void stop()
 {
-    g_active = false;
+    MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(writeToStandardError);
 }
 
 QStringList lines()

@@ -1,13 +1,14 @@
-// Collects the library's report lines through its print callback. The callback cannot be removed once
-// installed, so one capture callback is installed for the process and switched on and off.
+// Collects the library's report lines through its print callback. A null callback leaves the current writer
+// in place, so a writer is taken away by installing one that writes each line to standard error exactly as
+// the library does when no callback was ever installed.
 #pragma once
 
 #include <QStringList>
 
 namespace ReportCapture {
 
-void start();          // installs the callback on first use and empties the collected lines
-void stop();           // lines go nowhere until the next start()
+void start();          // installs the capturing writer and empties the collected lines
+void stop();           // lines go to standard error again, as without a callback
 QStringList lines();
 QStringList take();
 

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include <QFile>
 #include <QProcess>
@@ -99,7 +100,13 @@ INSTANTIATE_TEST_SUITE_P(
                       UsageCase{{"text", "email-encode", "--subject"}, "--subject needs a value"},
                       UsageCase{{"text", "email-decode", "a", "b"}, "text email-decode takes one TEXT"},
                       UsageCase{{"text", "email-decode", "--simple", "--from", "1", "x"},
-                                "--from does not go with it"}));
+                                "--from does not go with it"}),
+                         [](const auto& info) {
+                             std::string words;
+                             for (const char* arg : info.param.args)
+                                 words += std::string(words.empty() ? "" : " ") + arg;
+                             return rowName(words);
+                         });
 
 TEST_F(MsgctrAddrTest, NamesWithoutContactsAreTheAddresses)
 {

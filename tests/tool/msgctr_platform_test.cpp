@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 
 #include "SETUP_Utility.h"
 #include "UTIL_Language.h"
@@ -111,7 +112,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "platform lang takes at most one language code"},
         BadArgs{{QStringLiteral("lang"), QStringLiteral("xx")},
                 "unknown language code 'xx'; known: en-us en-gb de-de it-it fr-fr es-es nl-nl sv-se da-dk pt-pt "
-                "fi-fi nb-no el-gr tr-tr hu-hu pl-pl cs-cz pt-br ru-ru zh-cn zh-tw"}));
+                "fi-fi nb-no el-gr tr-tr hu-hu pl-pl cs-cz pt-br ru-ru zh-cn zh-tw"}),
+                         [](const auto& info) { return rowName(info.param.args.join(QLatin1Char(' '))); });
 
 TEST_F(MsgctrPlatformTest, FeatureListsShowsAndSets)
 {

@@ -1,10 +1,13 @@
 #include "HostRootTest.h"
+#include "RowName.h"
 #include "MsgctrRun.h"
 
 #include "ZorHostControl.h"
 #include "ZorHostTapiControl.h"
 
 #include <QFile>
+
+#include <utility>
 
 namespace {
 
@@ -24,6 +27,7 @@ TEST_F(MsgctrTapiWrapperTest, SuccessKeepsTheTraceToItself)
 {
     const MsgctrResult r = run({QStringLiteral("smsc"), QStringLiteral("+4930111")});
     EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("+4930111\n"));
     EXPECT_EQ(r.err, QString());
 }
 
@@ -126,17 +130,26 @@ INSTANTIATE_TEST_SUITE_P(
                       VpCase{"86401", "unit 2 (day), value 2\noctet 168 (0xA8)\nnetwork gets 172800 seconds\n"},
                       VpCase{"0", "unit 3 (week), value 63\noctet 255 (0xFF)\nnetwork gets 38102400 seconds\n"},
                       VpCase{"-5", "unit 3 (week), value 63\noctet 255 (0xFF)\nnetwork gets 38102400 seconds\n"},
-                      VpCase{"0x2A300", "unit 2 (day), value 2\noctet 168 (0xA8)\nnetwork gets 172800 seconds\n"}));
+                      VpCase{"0x2A300", "unit 2 (day), value 2\noctet 168 (0xA8)\nnetwork gets 172800 seconds\n"}),
+                         [](const auto& info) { return rowName(info.param.seconds, "Seconds"); });
 
 TEST_F(MsgctrTapiWrapperTest, VpRefusesWhatIsNotASecondCount)
 {
-    for (const QString& bad : {QStringLiteral("ten"), QStringLiteral("1.5"), QStringLiteral("99999999999")}) {
+    const std::pair<QString, QString> refused[] = {
+        {QStringLiteral("ten"), QStringLiteral("msgctr: 'ten' is not a number of seconds\n")},
+        {QStringLiteral("1.5"), QStringLiteral("msgctr: '1.5' is not a number of seconds\n")},
+        {QStringLiteral("99999999999"),
+         QStringLiteral("msgctr: 99999999999 seconds is out of range (-2147483648 to 2147483647)\n")}};
+    for (const auto& [bad, message] : refused) {
         const MsgctrResult r = run({QStringLiteral("vp"), bad});
         EXPECT_EQ(r.exitCode, 2) << qPrintable(bad);
         EXPECT_EQ(r.out, QString());
-        EXPECT_FALSE(r.err.isEmpty());
+        EXPECT_EQ(r.err, message);
     }
-    EXPECT_EQ(run({QStringLiteral("vp")}).exitCode, 2);
+    const MsgctrResult none = run({QStringLiteral("vp")});
+    EXPECT_EQ(none.exitCode, 2);
+    EXPECT_EQ(none.out, QString());
+    EXPECT_EQ(none.err, QStringLiteral("msgctr: tapi vp takes one number of SECONDS\n"));
 }
 
 TEST_F(MsgctrTapiWrapperTest, GprsIsOffAtFirst)

@@ -30,6 +30,20 @@ TEST_F(MsgctrTest, NoArgumentsIsBadUsage)
 {
     const MsgctrResult r = runMsgctr(QString(), {});
     EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(r.err, QString());
+    EXPECT_EQ(r.out,
+              QStringLiteral("usage: msgctr [--root DIR] <family> <verb> [args...]\n"
+                             "       msgctr --help | --version | <family> --help | <family> <verb> --help\n"
+                             "\n"
+                             "  --root DIR   keep the host platform's files under DIR (default: $ZORHOST_ROOT,\n"
+                             "               else $XDG_DATA_HOME/zorhost, else ~/.local/share/zorhost)\n"
+                             "\n"
+                             "families:\n"
+                             "  addr       recipient lists: normalising, numbers and e-mail addresses, contact names\n"
+                             "  platform   the host platform the library runs on\n"
+                             "  settings   the messaging settings in the configuration store\n"
+                             "  tapi       the simulated modem and SIM card (telephony)\n"
+                             "  text       text utilities: hex, white space, ...\n"));
 }
 
 TEST_F(MsgctrTest, UnknownFamilyIsBadUsage)
