@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build and the tests need, when any is missing.
+# Installs the Debian packages the build and the tests need, when any is missing (with "armhf": also
+# those of the cross build).
 set -euo pipefail
 packages=(build-essential cmake pkg-config ccache qt6-base-dev libsqlite3-dev
           libgtest-dev libgmock-dev googletest libbenchmark-dev)
+# armhf: the cross compiler, the sysroot maker and the emulator the tests run under.
+[ "${1:-}" = armhf ] && packages+=(mmdebstrap g++-arm-linux-gnueabihf qemu-user)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

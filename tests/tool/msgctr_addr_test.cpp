@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "ProgramLauncher.h"
 
 #include <QFile>
 #include <QProcess>
@@ -16,7 +17,7 @@ protected:
     ToolRun msgctr(const QStringList& args)
     {
         QProcess p;
-        p.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         EXPECT_TRUE(p.waitForFinished(60000));
         ToolRun r;
         r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "ProgramLauncher.h"
 
 #include "SETUP_Utility.h"
 #include "UTIL_Language.h"
@@ -27,7 +28,7 @@ protected:
     ToolRun msgctr(const QStringList& args)
     {
         QProcess p;
-        p.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         ToolRun run;
         if (!p.waitForFinished(-1) || p.exitStatus() != QProcess::NormalExit)
             return run;
