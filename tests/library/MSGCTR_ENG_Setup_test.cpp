@@ -361,7 +361,7 @@ TEST_F(SetupTest, ReallyFullDiskIsNoSpace)
     child.setProcessChannelMode(QProcess::MergedChannels);
     child.start(QStringLiteral("unshare"),
                 {QStringLiteral("-rm"), QStringLiteral("sh"), QStringLiteral("-c"),
-                 QStringLiteral("mount -t tmpfs -o size=256k tmpfs \"$1\" && exec \"$2\" --gtest_filter=\"$3\""),
+                 QStringLiteral("mount -t tmpfs -o size=256k tmpfs \"$1\" && exec $ZOR_TEST_EMULATOR \"$2\" --gtest_filter=\"$3\""),
                  QStringLiteral("sh"), mountPoint.path(), QFile::symLinkTarget(QStringLiteral("/proc/self/exe")),
                  QStringLiteral("SetupTest.ReallyFullDiskIsNoSpace")});
     ASSERT_TRUE(child.waitForFinished(60000));

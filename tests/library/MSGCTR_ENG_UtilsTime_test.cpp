@@ -11,6 +11,7 @@
 
 #include <ctime>
 #include <memory>
+#include <ostream>
 
 namespace {
 
@@ -217,6 +218,11 @@ const UtcDateTimeRow kUtcDateTimes[] = {
     {"Chatham_2023_RepeatedHourSecond", "Pacific/Chatham", 2023, 4, 1, 14, 30, 0, 1680359400},
     {"Casablanca_2023_RepeatedHourSecond", "Africa/Casablanca", 2023, 3, 19, 2, 30, 0, 1679193000},
 };
+
+void PrintTo(const UtcDateTimeRow& row, std::ostream* os)
+{
+    *os << row.name;
+}
 
 class UtcDateTimeTest : public HostRootTest, public ::testing::WithParamInterface<UtcDateTimeRow> {
 protected:

@@ -9,6 +9,7 @@
 
 #include <climits>
 #include <memory>
+#include <ostream>
 #include <random>
 
 namespace {
@@ -200,6 +201,12 @@ const WallClockRow kWallClocks[] = {
     {"Africa_Casablanca_2023_04_23_SkippedLastSecond", "Africa/Casablanca", "2023-04-23T02:59:59", 1682218799, 1682218799, "20230423T025959Z", "2023-04-23T03:59:59"},
 };
 
+// Rows show as their names in test output.
+void PrintTo(const WallClockRow& row, std::ostream* os)
+{
+    *os << row.name;
+}
+
 class TransitionWallClockTest : public ZoneTest, public ::testing::WithParamInterface<WallClockRow> {
 protected:
     void SetUp() override
@@ -326,6 +333,11 @@ const InstantRow kInstants[] = {
     {"Africa/Casablanca", 1682215200, "20230423T020000Z", "2023-04-23T03:00:00", 3600},
 };
 
+void PrintTo(const InstantRow& row, std::ostream* os)
+{
+    *os << row.zone << ' ' << row.iso8601;
+}
+
 class TransitionInstantTest : public ZoneTest, public ::testing::WithParamInterface<InstantRow> {
 protected:
     void SetUp() override
@@ -428,6 +440,11 @@ struct BadIsoText {
     const char* name;
     const char* text;
 };
+
+void PrintTo(const BadIsoText& row, std::ostream* os)
+{
+    *os << '"' << row.text << '"';
+}
 
 class BadIsoTextTest : public TimeConversionTest, public ::testing::WithParamInterface<BadIsoText> {
 };

@@ -2,6 +2,7 @@
 // sharing one SIM, a damaged file, and fault injection with call counts on every TAPI_* function.
 #include "HostRootTest.h"
 #include "RowName.h"
+#include "ProgramLauncher.h"
 #include "TAPI.h"
 #include "ZorHostControl.h"
 #include "ZorHostTapiControl.h"
@@ -94,8 +95,8 @@ QProcess* startChild(const QString& root, const QString& action)
     env.insert(QStringLiteral("ZORTAPI_CHILD_ROOT"), root);
     env.insert(QStringLiteral("ZORTAPI_CHILD_ACTION"), action);
     p->setProcessEnvironment(env);
-    p->start(selfExe(), {QStringLiteral("--gtest_also_run_disabled_tests"),
-                         QStringLiteral("--gtest_filter=ZorTapiStateChild.DISABLED_Act")});
+    startProgram(*p, selfExe(), {QStringLiteral("--gtest_also_run_disabled_tests"),
+                                 QStringLiteral("--gtest_filter=ZorTapiStateChild.DISABLED_Act")});
     return p;
 }
 

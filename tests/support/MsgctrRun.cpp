@@ -1,5 +1,7 @@
 #include "MsgctrRun.h"
 
+#include "ProgramLauncher.h"
+
 #include <QProcess>
 
 MsgctrResult runMsgctr(const QString& root, const QStringList& args)
@@ -9,7 +11,7 @@ MsgctrResult runMsgctr(const QString& root, const QStringList& args)
     if (!root.isEmpty())
         all << QStringLiteral("--root") << root;
     all << args;
-    process.start(QStringLiteral(ZOR_MSGCTR_EXE), all);
+    startProgram(process, QStringLiteral(ZOR_MSGCTR_EXE), all);
     MsgctrResult result;
     if (!process.waitForFinished(60000)) {
         process.kill();

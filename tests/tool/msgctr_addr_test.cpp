@@ -1,5 +1,6 @@
 #include "HostRootTest.h"
 #include "RowName.h"
+#include "ProgramLauncher.h"
 
 #include <QFile>
 #include <QProcess>
@@ -17,7 +18,7 @@ protected:
     ToolRun msgctr(const QStringList& args)
     {
         QProcess p;
-        p.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         EXPECT_TRUE(p.waitForFinished(60000));
         ToolRun r;
         r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;

@@ -1,5 +1,6 @@
 #include "HostRootTest.h"
 #include "RowName.h"
+#include "ProgramLauncher.h"
 
 #include "SETUP_Utility.h"
 #include "UTIL_Language.h"
@@ -28,7 +29,7 @@ protected:
     ToolRun msgctr(const QStringList& args)
     {
         QProcess p;
-        p.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         ToolRun run;
         if (!p.waitForFinished(-1) || p.exitStatus() != QProcess::NormalExit)
             return run;

@@ -194,9 +194,9 @@ TEST_F(MsgctrSettingsTest, FullDiskFailsWithItsMessage)
     ASSERT_TRUE(mountPoint.isValid());
     const QString script = QStringLiteral(
         "mount -t tmpfs -o size=256k tmpfs \"$1\" || exit 90\n"
-        "\"$2\" --root \"$1\" settings set GROUP_MSGCTR_SMS EMAIL_GATEWAY old >/dev/null || exit 91\n"
+        "$ZOR_TEST_EMULATOR \"$2\" --root \"$1\" settings set GROUP_MSGCTR_SMS EMAIL_GATEWAY old >/dev/null || exit 91\n"
         "dd if=/dev/zero of=\"$1/filler\" bs=4k >/dev/null 2>&1\n"
-        "exec \"$2\" --root \"$1\" settings set GROUP_MSGCTR_SMS EMAIL_GATEWAY \"$3\"\n");
+        "exec $ZOR_TEST_EMULATOR \"$2\" --root \"$1\" settings set GROUP_MSGCTR_SMS EMAIL_GATEWAY \"$3\"\n");
     QProcess child;
     child.start(QStringLiteral("unshare"), {QStringLiteral("-rm"), QStringLiteral("sh"), QStringLiteral("-c"), script,
                                             QStringLiteral("sh"), mountPoint.path(), QStringLiteral(ZOR_MSGCTR_EXE),

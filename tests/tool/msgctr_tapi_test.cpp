@@ -1,5 +1,6 @@
 // msgctr tapi and msgctr text segments, run as separate processes against the test's root.
 #include "HostRootTest.h"
+#include "ProgramLauncher.h"
 #include "TAPI.h"
 #include "ZorHostTapiControl.h"
 
@@ -23,7 +24,7 @@ protected:
     ToolRun msgctr(const QStringList& args)
     {
         QProcess p;
-        p.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         EXPECT_TRUE(p.waitForFinished(60000));
         return {p.exitCode(), QString::fromLocal8Bit(p.readAllStandardOutput()), QString::fromLocal8Bit(p.readAllStandardError())};
     }

@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "ProgramLauncher.h"
 
 #include <ostream>
 
@@ -19,7 +20,7 @@ protected:
     ToolRun msgctr(const QStringList& args)
     {
         QProcess p;
-        p.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         ToolRun r;
         if (!p.waitForFinished(60000) || p.exitStatus() != QProcess::NormalExit)
             return r;

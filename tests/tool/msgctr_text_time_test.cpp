@@ -1,4 +1,5 @@
 #include "HostRootTest.h"
+#include "ProgramLauncher.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -20,7 +21,7 @@ protected:
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("TZ"), QString::fromLatin1(zone));
         process.setProcessEnvironment(env);
-        process.start(QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
+        startProgram(process, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
         EXPECT_TRUE(process.waitForFinished(60000));
         return ToolRun{process.exitCode(), QString::fromLocal8Bit(process.readAllStandardOutput()),
                    QString::fromLocal8Bit(process.readAllStandardError())};
