@@ -1,4 +1,5 @@
-// Control of the platform utilities, for tests and tools.
+// Control of the platform utilities, for tests and tools. A factory reset (ZorHost::resetAll) also puts
+// back the quick-text resources "/usr/data_resource/quicktext/<code>.qkt" of en-us, de-de and fr-fr.
 #pragma once
 
 #include <QStringList>

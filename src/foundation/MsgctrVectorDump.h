@@ -1,4 +1,4 @@
-// Report text of a vector: "{ Total (N) item(s),v1, v2, ..., }", each element rendered by the dump
+// Report text of a vector: "{ Total (N) item(s),v1, v2,  }", each element rendered by the dump
 // context as a single value would be. Wrapped in a type of its own so that report streams find it.
 #pragma once
 

@@ -49,8 +49,8 @@ bool ChannelInfo::toString(QString* pstr) const
 ChannelInfo ChannelInfo::subToInfoServChnlInfo(const QString& str)
 {
     ChannelInfo info;
-    info.m_nChannelNum = 0;
     const QStringList strlist = str.split(kFieldSeparator, Qt::KeepEmptyParts);
+    // A number that does not parse leaves 0.
     bool bOk = false;
     info.m_nChannelNum = strlist[0].toInt(&bOk, 10);
     MSGCTR_CHECK(bOk) << MSGCTR_NAMED_VAL("strlist[i]", strlist[0]);
