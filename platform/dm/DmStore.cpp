@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstring>
 #include <mutex>
 #include <vector>
 
@@ -124,16 +125,16 @@ DmtData columnValue(sqlite3_stmt* statement, int typeColumn)
     const int column = typeColumn + 1;
     if (!type)
         return DmtData();
-    const std::string kind(type);
-    if (kind == "string") {
+    const auto is = [type](const char* name) { return std::strcmp(type, name) == 0; };
+    if (is("string")) {
         const char* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
         return DmtData(DMString(text, std::size_t(sqlite3_column_bytes(statement, column))));
     }
-    if (kind == "int")
+    if (is("int"))
         return DmtData(sqlite3_column_int(statement, column));
-    if (kind == "bool")
+    if (is("bool"))
         return DmtData(sqlite3_column_int(statement, column) != 0);
-    if (kind == "binary") {
+    if (is("binary")) {
         const void* bytes = sqlite3_column_blob(statement, column);
         return DmtData(static_cast<const unsigned char*>(bytes), sqlite3_column_bytes(statement, column));
     }

@@ -176,14 +176,17 @@ int DmtTree::GetChildValuesMap(const char* path, DMMap<DMString, DmtData>& leave
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;
-    bool interior = false;
-    if (const int result = m_store->kind(target, &interior); result != DMT_RESULT_SUCCESS)
-        return result;
-    if (!interior)
-        return DMT_RESULT_NOT_ALLOWED;
     DMMap<DMString, DmtData> read;
     if (const int result = m_store->childLeaves(target, &read); result != DMT_RESULT_SUCCESS)
         return result;
+    // Only a node without leaves needs a second look: missing, a leaf itself, or interior and bare.
+    if (read.empty()) {
+        bool interior = false;
+        if (const int result = m_store->kind(target, &interior); result != DMT_RESULT_SUCCESS)
+            return result;
+        if (!interior)
+            return DMT_RESULT_NOT_ALLOWED;
+    }
     leaves = std::move(read);
     return DMT_RESULT_SUCCESS;
 }
