@@ -1,42 +1,16 @@
 // msgctr tapi: what the library itself asks the telephony side, through MSGCTR_ENG_TAPI.
 #include "Command.h"
+#include "LibraryReports.h"
 
 #include "MSGCTR_ENG_StrUti.h"
 #include "MSGCTR_ENG_TAPI.h"
-#include "MSGCTR_ENG_UTIL_Dbg.h"
 
 #include <QStringList>
 
-#include <cstdio>
-#include <functional>
 #include <limits>
 
 namespace msgctr {
 namespace {
-
-QStringList g_reportLines;
-
-void keepReportLine(const char* line)
-{
-    g_reportLines.append(QString::fromLatin1(line));
-}
-
-// Every wrapped call traces itself; a person wants those lines only when something went wrong, or when
-// asking for them with --trace.
-std::function<int(const QStringList&)> withReports(int (*verb)(const QStringList&))
-{
-    return [verb](const QStringList& args) {
-        QStringList rest = args;
-        const bool trace = rest.removeAll(QStringLiteral("--trace")) > 0;
-        MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(keepReportLine);
-        const int status = verb(rest);
-        if (trace || status != ExitOk) {
-            for (const QString& line : std::as_const(g_reportLines))
-                std::fprintf(stderr, "%s\n", line.toLatin1().constData());
-        }
-        return status;
-    };
-}
 
 QString unitName(unsigned int unit)
 {
