@@ -267,6 +267,8 @@ int runCommandLine(const QStringList& words)
                         names.append(f.name);
                     return usage(QStringLiteral("unknown family '%1'%2 (see msgctr --help)").arg(word, didYouMean(word, names)));
                 }
+                call.verb = family->command();
+                call.command = family->name;
             } else if (!call.verb) {
                 const auto it = std::find_if(family->verbs.begin(), family->verbs.end(), [&](const Verb& v) { return v.name == word; });
                 if (it == family->verbs.end()) {

@@ -33,6 +33,14 @@ QString argHelp(const Arg& a)
     return help;
 }
 
+// "msgctr family verb [args]" without the blanks of parts that are empty.
+QString commandLine(const Family& family, const Verb& verb)
+{
+    QStringList parts{QStringLiteral("msgctr"), family.name, verb.name, verb.usage()};
+    parts.removeAll(QString());
+    return parts.join(QLatin1Char(' '));
+}
+
 QString argLeft(const Arg& a)
 {
     if (!a.isOption() || a.kind == Arg::Flag)
@@ -62,6 +70,8 @@ QString topHelp()
 
 QString familyHelp(const Family& family)
 {
+    if (const Verb* command = family.command())
+        return verbHelp(family, *command);
     QString text = QStringLiteral("usage: msgctr %1 <verb> [args...]\n%2\n\nverbs:\n").arg(family.name, family.summary);
     for (const Verb& v : family.verbs)
         text += line((v.name + QLatin1Char(' ') + v.usage()).trimmed(), 28, v.summary);
@@ -70,7 +80,7 @@ QString familyHelp(const Family& family)
 
 QString verbHelp(const Family& family, const Verb& verb)
 {
-    QString text = QStringLiteral("usage: msgctr %1 %2 %3").arg(family.name, verb.name, verb.usage()).trimmed();
+    QString text = QStringLiteral("usage: ") + commandLine(family, verb);
     text += QLatin1Char('\n') + verb.summary + QLatin1Char('\n');
     if (!verb.moreHelp.isEmpty())
         text += verb.moreHelp + QLatin1Char('\n');
@@ -115,7 +125,7 @@ QString manualPage()
     for (const Family& f : allFamilies()) {
         m += QStringLiteral(".SH %1 VERBS\n%2\n").arg(f.name.toUpper(), roff(f.summary));
         for (const Verb& v : f.verbs) {
-            m += QStringLiteral(".TP\n.B msgctr %1 %2 %3\n%4\n").arg(f.name, v.name, roff(v.usage()), roff(v.summary));
+            m += QStringLiteral(".TP\n.B %1\n%2\n").arg(roff(commandLine(f, v)), roff(v.summary));
             if (!v.moreHelp.isEmpty())
                 m += QStringLiteral(".br\n%1\n").arg(roff(v.moreHelp));
             for (const Arg& a : v.args)
@@ -170,7 +180,8 @@ QString bashCompletion()
     for (const Family& f : allFamilies()) {
         QStringList verbs;
         for (const Verb& v : f.verbs)
-            verbs.append(v.name);
+            if (!v.name.isEmpty())
+                verbs.append(v.name);
         s += QStringLiteral("        %1) COMPREPLY=($(compgen -W %2 -- \"$cur\")) ;;\n").arg(f.name, shellWords(verbs));
     }
     s += QStringLiteral("        esac\n        return\n    fi\n"
@@ -178,6 +189,8 @@ QString bashCompletion()
                         "    case \"${words[0]} ${words[1]}\" in\n");
     for (const Family& f : allFamilies()) {
         for (const Verb& v : f.verbs) {
+            if (v.name.isEmpty())
+                continue;
             QStringList options{QStringLiteral("--help"), QStringLiteral("--json")};
             QString valueCases;
             QString positionalCases;

@@ -125,10 +125,13 @@ struct Verb {
     QString usage() const; // e.g. "[--max N] TEXT"
 };
 
+// A verb with an empty name is the family's own command ("msgctr status"): then it is the family's only verb.
 struct Family {
     QString name;
     QString summary;
     std::vector<Verb> verbs;
+
+    const Verb* command() const { return verbs.size() == 1 && verbs.front().name.isEmpty() ? &verbs.front() : nullptr; }
 };
 
 // Adds verbs to a family at start-up; the first non-empty summary of a family is the one shown.
