@@ -1,33 +1,45 @@
 // msgctr platform: the host platform itself.
-#include "Command.h"
+#include "Verb.h"
 
 #include "ZorHostControl.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace msgctr {
 namespace {
 
-int root(const QStringList& args)
+int root(const Args&, Output& out)
 {
-    if (!args.isEmpty())
-        return usageError(QStringLiteral("platform root takes no arguments"));
-    out(ZorHost::root());
+    out.field(QStringLiteral("root"), ZorHost::root());
     return ExitOk;
 }
 
-int reset(const QStringList& args)
+int reset(const Args&, Output& out)
 {
-    if (!args.isEmpty())
-        return usageError(QStringLiteral("platform reset takes no arguments"));
+    const QString base = ZorHost::root();
     ZorHost::resetAll();
-    out(QStringLiteral("host platform at %1 is back to its factory state").arg(ZorHost::root()));
+    // The simulators keep their state in these folders; what is left of them was not reset.
+    for (const char* kept : {"state", "device"}) {
+        const QString dir = base + QLatin1Char('/') + QLatin1String(kept);
+        if (QFileInfo::exists(dir))
+            return fail(QStringLiteral("cannot reset the host platform: %1 could not be removed").arg(dir));
+    }
+    out.field(QStringLiteral("root"), base);
+    out.field(QStringLiteral("state"), QStringLiteral("factory"));
     return ExitOk;
 }
 
-const FamilyRegistration registration(QStringLiteral("platform"), QStringLiteral("the host platform the library runs on"),
-                    {
-                        {QStringLiteral("root"), QString(), QStringLiteral("print the folder the host platform keeps its files in"), root},
-                        {QStringLiteral("reset"), QString(), QStringLiteral("put every simulator back to its factory state"), reset},
-                    });
+const VerbRegistration registration(
+    QStringLiteral("platform"), QStringLiteral("the host platform the library runs on"),
+    {
+        Verb(QStringLiteral("root"), QStringLiteral("print the folder the host platform keeps its files in"), root)
+            .reads()
+            .fields(QStringLiteral("root (text)")),
+        Verb(QStringLiteral("reset"), QStringLiteral("put every simulator back to its factory state"), reset)
+            .writes()
+            .fields(QStringLiteral("root (text), state (text: factory)")),
+    });
 
 } // namespace
 } // namespace msgctr
