@@ -1,6 +1,7 @@
 // msgctr cb: the info service (cell broadcast): reception state, the stored channel list beside the
 // telephony side's subscriptions, and the languages with their slots. Everything goes through the
 // library, so its checks and reports apply.
+#include "Catalogue.h"
 #include "LibraryReports.h"
 #include "Verb.h"
 
@@ -130,6 +131,8 @@ int channels(const Args& args, Output& out)
 
 int listLanguages(Output& out)
 {
+    // Some language names are resource identifiers, shown in the system language.
+    loadSystemLanguageCatalogue();
     MSGCTR_ENG_InfoServLang::INFO_SERV_ALL_LANG_INFO_S all;
     const MSGCTR_ERRCODE code = MSGCTR_ENG_InfoServLang::getAllLangInfo(&all);
     if (MSGCTR_ERRCODE_IS_ERROR(code))

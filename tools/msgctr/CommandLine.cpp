@@ -1,6 +1,5 @@
 #include "CommandLine.h"
 
-#include "Catalogue.h"
 #include "DidYouMean.h"
 #include "Documentation.h"
 #include "Verb.h"
@@ -363,8 +362,6 @@ int runCommandLine(const QStringList& words)
         const int rootStatus = checkRoot(*call.verb, call.args, rootGiven);
         if (rootStatus != ExitOk)
             return rootStatus;
-        // The system language lives under the host root.
-        loadSystemLanguageCatalogue();
     }
     Output out;
     const int status = call.verb->run(call.args, out);
