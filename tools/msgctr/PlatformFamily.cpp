@@ -19,12 +19,11 @@ int reset(const Args&, Output& out)
 {
     const QString base = ZorHost::root();
     ZorHost::resetAll();
-    // The simulators keep their state in these folders; what is left of them was not reset.
-    for (const char* kept : {"state", "device"}) {
-        const QString dir = base + QLatin1Char('/') + QLatin1String(kept);
-        if (QFileInfo::exists(dir))
-            return fail(QStringLiteral("cannot reset the host platform: %1 could not be removed").arg(dir));
-    }
+    // The simulators keep their state here; what is left of it was not reset. (The device folder is not
+    // checked: a reset installs the factory resource files in it again.)
+    const QString dir = base + QStringLiteral("/state");
+    if (QFileInfo::exists(dir))
+        return fail(QStringLiteral("cannot reset the host platform: %1 could not be removed").arg(dir));
     out.field(QStringLiteral("root"), base);
     out.field(QStringLiteral("state"), QStringLiteral("factory"));
     return ExitOk;
