@@ -91,24 +91,24 @@ TEST_F(MsgctrTextTimeTest, FromIso8601ShowsTheInstantGivenWhereTheWallClockRepea
 {
     const ToolRun run = msgctr({"text", "iso8601", "from", "20231105T060000Z"}, "America/New_York");
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_EQ(run.out, QStringLiteral("iso8601 20231105T060000Z\nutc-seconds 1699164000\nutc 2023-11-05 06:00:00\n"
-                                      "local 2023-11-05 01:00:00 (UTC-05:00)\n"));
+    EXPECT_EQ(run.out, QStringLiteral("iso8601: 20231105T060000Z\nutc_seconds: 1699164000\nutc: 2023-11-05 06:00:00\n"
+                                      "local: 2023-11-05 01:00:00\nlocal_offset: UTC-05:00\n"));
 }
 
 TEST_F(MsgctrTextTimeTest, RepeatedLocalWallClockIsItsFirstOccurrence)
 {
     const ToolRun run = msgctr({"text", "iso8601", "to", "2023-11-05", "01:30"}, "America/New_York");
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_EQ(run.out, QStringLiteral("iso8601 20231105T053000Z\nutc-seconds 1699162200\nutc 2023-11-05 05:30:00\n"
-                                      "local 2023-11-05 01:30:00 (UTC-04:00)\n"));
+    EXPECT_EQ(run.out, QStringLiteral("iso8601: 20231105T053000Z\nutc_seconds: 1699162200\nutc: 2023-11-05 05:30:00\n"
+                                      "local: 2023-11-05 01:30:00\nlocal_offset: UTC-04:00\n"));
 }
 
 TEST_F(MsgctrTextTimeTest, SkippedWallClockWithoutAZoneMovesForward)
 {
     const ToolRun run = msgctr({"text", "iso8601", "from", "2023-03-12T02:30"}, "America/New_York");
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_EQ(run.out, QStringLiteral("iso8601 20230312T073000Z\nutc-seconds 1678606200\nutc 2023-03-12 07:30:00\n"
-                                      "local 2023-03-12 03:30:00 (UTC-04:00)\n"));
+    EXPECT_EQ(run.out, QStringLiteral("iso8601: 20230312T073000Z\nutc_seconds: 1678606200\nutc: 2023-03-12 07:30:00\n"
+                                      "local: 2023-03-12 03:30:00\nlocal_offset: UTC-04:00\n"));
 }
 
 TEST_F(MsgctrTextTimeTest, NowWithoutArguments)
