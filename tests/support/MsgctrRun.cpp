@@ -4,7 +4,7 @@
 
 #include <QProcess>
 
-MsgctrResult runMsgctr(const QString& root, const QStringList& args)
+MsgctrResult runMsgctr(const QString& root, const QStringList& args, const QByteArray& input)
 {
     QProcess process;
     QStringList all;
@@ -12,6 +12,10 @@ MsgctrResult runMsgctr(const QString& root, const QStringList& args)
         all << QStringLiteral("--root") << root;
     all << args;
     startProgram(process, QStringLiteral(ZOR_MSGCTR_EXE), all);
+    if (process.waitForStarted(60000)) {
+        process.write(input);
+        process.closeWriteChannel();
+    }
     MsgctrResult result;
     if (!process.waitForFinished(60000)) {
         process.kill();
@@ -20,7 +24,15 @@ MsgctrResult runMsgctr(const QString& root, const QStringList& args)
         return result;
     }
     result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    result.out = QString::fromLocal8Bit(process.readAllStandardOutput());
-    result.err = QString::fromLocal8Bit(process.readAllStandardError());
+    result.out = QString::fromUtf8(process.readAllStandardOutput());
+    result.err = QString::fromUtf8(process.readAllStandardError());
     return result;
+}
+
+QStringList words(std::initializer_list<const char*> items)
+{
+    QStringList list;
+    for (const char* item : items)
+        list.append(QString::fromUtf8(item));
+    return list;
 }

@@ -1,98 +1,78 @@
+// msgctr platform flexbit|feature|lang|reset, run as separate processes against the test's root.
 #include "HostRootTest.h"
-#include "RowName.h"
-#include "ProgramLauncher.h"
+#include "MsgctrRun.h"
 
 #include "SETUP_Utility.h"
 #include "UTIL_Language.h"
 #include "ZorHostControl.h"
 #include "ZorHostSetupControl.h"
 
-#include <QProcess>
-
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
 
 namespace {
 
-struct ToolRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
-
 class MsgctrPlatformTest : public HostRootTest {
 protected:
-    ToolRun msgctr(const QStringList& args)
-    {
-        QProcess p;
-        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
-        ToolRun run;
-        if (!p.waitForFinished(-1) || p.exitStatus() != QProcess::NormalExit)
-            return run;
-        run.status = p.exitCode();
-        run.out = QString::fromLocal8Bit(p.readAllStandardOutput());
-        run.err = QString::fromLocal8Bit(p.readAllStandardError());
-        return run;
-    }
+    MsgctrResult run(const QStringList& args) { return runMsgctr(root(), QStringList{QStringLiteral("platform")} + args); }
 };
 
 TEST_F(MsgctrPlatformTest, FlexbitListsTheWholeTable)
 {
-    const ToolRun run = msgctr({QStringLiteral("platform"), QStringLiteral("flexbit")});
-    EXPECT_EQ(run.status, 0);
-    const QStringList lines = run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const MsgctrResult r = run(words({"flexbit"}));
+    EXPECT_EQ(r.exitCode, 0);
+    const QStringList lines = r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     ASSERT_EQ(lines.size(), 52);
-    EXPECT_EQ(lines.first(), QStringLiteral("49 on"));
-    EXPECT_TRUE(lines.contains(QStringLiteral("303 off")));
-    EXPECT_EQ(lines.last(), QStringLiteral("506 off"));
+    EXPECT_TRUE(lines.contains(QStringLiteral("flex_bits.49: true")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("flex_bits.303: false")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("flex_bits.506: false")));
 }
 
 TEST_F(MsgctrPlatformTest, FlexbitShowsAndSetsOneBit)
 {
-    ToolRun run = msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("303")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("303 off\n"));
-    run = msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("303"), QStringLiteral("on")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("303 on\n"));
+    MsgctrResult r = run(words({"flexbit", "303"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("number: 303\non: false\n"));
+    r = run(words({"flexbit", "303", "on"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("number: 303\non: true\n"));
     bool value = false;
     EXPECT_TRUE(SETUP_Utility::getFlexBit(303, &value));
     EXPECT_TRUE(value);
-    run = msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("303")});
-    EXPECT_EQ(run.out, QStringLiteral("303 on\n"));
+    r = run(words({"flexbit", "303"}));
+    EXPECT_EQ(r.out, QStringLiteral("number: 303\non: true\n"));
 }
 
 TEST_F(MsgctrPlatformTest, FlexbitUnsetMakesTheBitUnreadable)
 {
-    ToolRun run = msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("230"),
-                      QStringLiteral("unset")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("230 unset\n"));
+    MsgctrResult r = run(words({"flexbit", "230", "--unset"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("number: 230\non: (none)\n"));
     bool value = true;
     EXPECT_FALSE(SETUP_Utility::getFlexBit(230, &value));
-    run = msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("230")});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.out, QString());
-    EXPECT_EQ(run.err, QStringLiteral("msgctr: flex bit 230 is not set\n"));
+    r = run(words({"flexbit", "230"}));
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_EQ(r.out, QString());
+    EXPECT_EQ(r.err, QStringLiteral("msgctr: flex bit 230 is not set\n"));
 }
 
 struct BadArgs {
+    const char* name;
     QStringList args;
     const char* message;
 };
+
+std::ostream& operator<<(std::ostream& os, const BadArgs& c)
+{
+    return os << c.name;
+}
 
 class MsgctrPlatformBadArgsTest : public MsgctrPlatformTest, public ::testing::WithParamInterface<BadArgs> {};
 
 TEST_P(MsgctrPlatformBadArgsTest, BadInputIsAUsageError)
 {
-    const ToolRun run = msgctr(QStringList{QStringLiteral("platform")} + GetParam().args);
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.out, QString());
-    EXPECT_EQ(run.err, QStringLiteral("msgctr: %1\n").arg(QString::fromUtf8(GetParam().message)));
+    const MsgctrResult r = run(GetParam().args);
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(r.out, QString());
+    EXPECT_EQ(r.err, QStringLiteral("msgctr: %1\n").arg(QString::fromUtf8(GetParam().message)));
     EXPECT_EQ(ZorHost::flexBits().value(303), false);
     EXPECT_EQ(UTIL_Language::getSystemLanguageCode(), QStringLiteral("en-us"));
 }
@@ -100,65 +80,67 @@ TEST_P(MsgctrPlatformBadArgsTest, BadInputIsAUsageError)
 INSTANTIATE_TEST_SUITE_P(
     Args, MsgctrPlatformBadArgsTest,
     ::testing::Values(
-        BadArgs{{QStringLiteral("flexbit"), QStringLiteral("x")}, "'x' is not a flex bit number"},
-        BadArgs{{QStringLiteral("flexbit"), QStringLiteral("99999999999")}, "'99999999999' is not a flex bit number"},
-        BadArgs{{QStringLiteral("flexbit"), QStringLiteral("303"), QStringLiteral("yes")},
-                "'yes' is not one of on off unset"},
-        BadArgs{{QStringLiteral("flexbit"), QStringLiteral("303"), QStringLiteral("on"), QStringLiteral("x")},
-                "platform flexbit takes at most a number and a setting"},
-        BadArgs{{QStringLiteral("feature"), QStringLiteral("2040"), QStringLiteral("unset")},
-                "'unset' is not one of on off"},
-        BadArgs{{QStringLiteral("feature"), QStringLiteral("")}, "'' is not a feature number"},
-        BadArgs{{QStringLiteral("lang"), QStringLiteral("de-de"), QStringLiteral("fr-fr")},
-                "platform lang takes at most one language code"},
-        BadArgs{{QStringLiteral("lang"), QStringLiteral("xx")},
+        BadArgs{"flexbitNotANumber", words({"flexbit", "x"}), "NUMBER must be a number from -2147483648 to 2147483647, not 'x'"},
+        BadArgs{"flexbitTooBig", words({"flexbit", "99999999999"}),
+                "NUMBER must be a number from -2147483648 to 2147483647, not '99999999999'"},
+        BadArgs{"flexbitNotABoolean", words({"flexbit", "303", "maybe"}), "BOOL must be true or false (or on/off, yes/no, 1/0), not 'maybe'"},
+        BadArgs{"flexbitTooMany", words({"flexbit", "303", "on", "x"}),
+                "platform flexbit: one argument too many: 'x' (see msgctr platform flexbit --help)"},
+        BadArgs{"flexbitUnsetWithBoolean", words({"flexbit", "303", "on", "--unset"}), "--unset goes without BOOL"},
+        BadArgs{"featureUnset", words({"feature", "2040", "--unset"}),
+                "unknown option '--unset' for 'platform feature' (an argument that begins with '-' goes after '--')"},
+        BadArgs{"featureEmpty", words({"feature", ""}), "ID must be a number from -2147483648 to 2147483647, not ''"},
+        BadArgs{"langTwoCodes", words({"lang", "de-de", "fr-fr"}),
+                "platform lang: one argument too many: 'fr-fr' (see msgctr platform lang --help)"},
+        BadArgs{"langUnknown", words({"lang", "xx"}),
                 "unknown language code 'xx'; known: en-us en-gb de-de it-it fr-fr es-es nl-nl sv-se da-dk pt-pt "
-                "fi-fi nb-no el-gr tr-tr hu-hu pl-pl cs-cz pt-br ru-ru zh-cn zh-tw"}),
-                         [](const auto& info) { return rowName(info.param.args.join(QLatin1Char(' '))); });
+                "fi-fi nb-no el-gr tr-tr hu-hu pl-pl cs-cz pt-br ru-ru zh-cn zh-tw"},
+        BadArgs{"langMistyped", words({"lang", "de-dd"}),
+                "unknown language code 'de-dd' (did you mean 'de-de'?); known: en-us en-gb de-de it-it fr-fr es-es nl-nl "
+                "sv-se da-dk pt-pt fi-fi nb-no el-gr tr-tr hu-hu pl-pl cs-cz pt-br ru-ru zh-cn zh-tw"}),
+    [](const ::testing::TestParamInfo<BadArgs>& info) { return std::string(info.param.name); });
 
 TEST_F(MsgctrPlatformTest, FeatureListsShowsAndSets)
 {
-    ToolRun run = msgctr({QStringLiteral("platform"), QStringLiteral("feature")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("2007 off\n2040 on\n2168 on\n2189 off\n"));
-    run = msgctr({QStringLiteral("platform"), QStringLiteral("feature"), QStringLiteral("2007"), QStringLiteral("on")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("2007 on\n"));
+    MsgctrResult r = run(words({"feature"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("features.2007: false\nfeatures.2040: true\nfeatures.2168: true\nfeatures.2189: false\n"));
+    r = run(words({"feature", "2007", "YES"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("id: 2007\navailable: true\n"));
     EXPECT_TRUE(SETUP_Utility::isFeatureAvailable(2007));
-    run = msgctr({QStringLiteral("platform"), QStringLiteral("feature"), QStringLiteral("0x7f8")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("2040 on\n"));
+    r = run(words({"feature", "0x7f8"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("id: 2040\navailable: true\n"));
 }
 
 TEST_F(MsgctrPlatformTest, FeatureNotInTheTableIsReported)
 {
-    const ToolRun run = msgctr({QStringLiteral("platform"), QStringLiteral("feature"), QStringLiteral("4711")});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, QStringLiteral("msgctr: feature 4711 is not set\n"));
+    const MsgctrResult r = run(words({"feature", "4711"}));
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_EQ(r.err, QStringLiteral("msgctr: feature 4711 is not set\n"));
 }
 
 TEST_F(MsgctrPlatformTest, LangShowsAndSetsTheSystemLanguage)
 {
-    ToolRun run = msgctr({QStringLiteral("platform"), QStringLiteral("lang")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("en-us (id 0, English, cell-broadcast language 1)\n"));
-    run = msgctr({QStringLiteral("platform"), QStringLiteral("lang"), QStringLiteral("cs-cz")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, QStringLiteral("cs-cz (id 16, Czech, cell-broadcast language 32)\n"));
+    MsgctrResult r = run(words({"lang"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("code: en-us\nid: 0\nname: English\ncb_language: 1\n"));
+    r = run(words({"lang", "cs-cz"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("code: cs-cz\nid: 16\nname: Czech\ncb_language: 32\n"));
     EXPECT_EQ(UTIL_Language::getSystemLanguageCode(), QStringLiteral("cs-cz"));
 }
 
 TEST_F(MsgctrPlatformTest, ResetBringsBackTheFactorySwitchesAndLanguage)
 {
-    ASSERT_EQ(msgctr({QStringLiteral("platform"), QStringLiteral("lang"), QStringLiteral("fr-fr")}).status, 0);
-    ASSERT_EQ(msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("303"), QStringLiteral("on")})
-                  .status,
-              0);
-    ASSERT_EQ(msgctr({QStringLiteral("platform"), QStringLiteral("reset")}).status, 0);
-    EXPECT_EQ(msgctr({QStringLiteral("platform"), QStringLiteral("lang")}).out,
-              QStringLiteral("en-us (id 0, English, cell-broadcast language 1)\n"));
-    EXPECT_EQ(msgctr({QStringLiteral("platform"), QStringLiteral("flexbit"), QStringLiteral("303")}).out,
-              QStringLiteral("303 off\n"));
+    ASSERT_EQ(run(words({"lang", "fr-fr"})).exitCode, 0);
+    ASSERT_EQ(run(words({"flexbit", "303", "on"})).exitCode, 0);
+    const MsgctrResult r = run(words({"reset"}));
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, QStringLiteral("root: %1\nstate: factory\n").arg(root()));
+    EXPECT_EQ(run(words({"lang"})).out, QStringLiteral("code: en-us\nid: 0\nname: English\ncb_language: 1\n"));
+    EXPECT_EQ(run(words({"flexbit", "303"})).out, QStringLiteral("number: 303\non: false\n"));
 }
 
 } // namespace

@@ -2,6 +2,9 @@
 #include "HostRootTest.h"
 #include "MsgctrRun.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 namespace {
@@ -17,9 +20,9 @@ protected:
     {
         const MsgctrResult r = run(QStringList{QStringLiteral("add")} + args);
         EXPECT_EQ(r.exitCode, 0) << qPrintable(r.err);
-        EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\{[0-9a-f-]{36}\\}\n$")).match(r.out).hasMatch())
-            << qPrintable(r.out);
-        return r.out.trimmed();
+        const QRegularExpressionMatch id = QRegularExpression(QStringLiteral("^id: (\\{[0-9a-f-]{36}\\})\n")).match(r.out);
+        EXPECT_TRUE(id.hasMatch()) << qPrintable(r.out);
+        return id.captured(1);
     }
 };
 
@@ -27,7 +30,7 @@ TEST_F(MsgctrProfileTest, EmptyListSaysSo)
 {
     const MsgctrResult r = run({QStringLiteral("list")});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, QStringLiteral("(no MMS profiles)\n"));
+    EXPECT_EQ(r.out, QStringLiteral("profiles: (none)\n"));
 }
 
 TEST_F(MsgctrProfileTest, ProfilesAddedInSeparateRunsListSortedByName)
@@ -37,7 +40,16 @@ TEST_F(MsgctrProfileTest, ProfilesAddedInSeparateRunsListSortedByName)
     const QString lower = add({QStringLiteral("--name"), QStringLiteral("a")});
     const MsgctrResult r = run({QStringLiteral("list")});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, QStringLiteral("  %1  A  [read-only]\n  %2  a\n  %3  b\n").arg(upper, lower, b));
+    EXPECT_EQ(r.out, QStringLiteral("profiles[0].default: false\nprofiles[0].id: %1\nprofiles[0].name: A\nprofiles[0].readonly: true\n"
+                                    "profiles[1].default: false\nprofiles[1].id: %2\nprofiles[1].name: a\nprofiles[1].readonly: false\n"
+                                    "profiles[2].default: false\nprofiles[2].id: %3\nprofiles[2].name: b\nprofiles[2].readonly: false\n")
+                         .arg(upper, lower, b));
+    const MsgctrResult json = run({QStringLiteral("list"), QStringLiteral("--json")});
+    const QJsonArray profiles = QJsonDocument::fromJson(json.out.toUtf8()).object().value(QStringLiteral("profiles")).toArray();
+    ASSERT_EQ(profiles.size(), 3);
+    EXPECT_EQ(profiles.at(0).toObject(),
+              (QJsonObject{{QStringLiteral("default"), false}, {QStringLiteral("id"), upper},
+                           {QStringLiteral("name"), QStringLiteral("A")}, {QStringLiteral("readonly"), true}}));
 }
 
 TEST_F(MsgctrProfileTest, ShowAndUpdate)
@@ -52,9 +64,15 @@ TEST_F(MsgctrProfileTest, ShowAndUpdate)
               0);
     const MsgctrResult r = run({QStringLiteral("show"), id});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, QStringLiteral("id: %1\nname: Op\nmmsc: http://mmsc\nint-prof: apn\nint-prof2: apn2\n"
-                                    "size-limit: 600\nreadonly: yes\ndefault: no\n")
+    EXPECT_EQ(r.out, QStringLiteral("id: %1\nname: Op\nmmsc: http://mmsc\nint_prof: apn\nint_prof2: apn2\n"
+                                    "size_limit: 600\nreadonly: true\ndefault: false\n")
                          .arg(id));
+    const MsgctrResult json = run({QStringLiteral("show"), id, QStringLiteral("--json")});
+    EXPECT_EQ(QJsonDocument::fromJson(json.out.toUtf8()).object(),
+              (QJsonObject{{QStringLiteral("id"), id}, {QStringLiteral("name"), QStringLiteral("Op")},
+                           {QStringLiteral("mmsc"), QStringLiteral("http://mmsc")}, {QStringLiteral("int_prof"), QStringLiteral("apn")},
+                           {QStringLiteral("int_prof2"), QStringLiteral("apn2")}, {QStringLiteral("size_limit"), 600},
+                           {QStringLiteral("readonly"), true}, {QStringLiteral("default"), false}}));
 }
 
 TEST_F(MsgctrProfileTest, DefaultIsSetAndRepairedAfterRemoval)
@@ -62,22 +80,23 @@ TEST_F(MsgctrProfileTest, DefaultIsSetAndRepairedAfterRemoval)
     const QString zed = add({QStringLiteral("--name"), QStringLiteral("Zed")});
     const QString first = add({QStringLiteral("--name"), QStringLiteral("Alpha")});
     MsgctrResult r = run({QStringLiteral("default"), zed});
-    EXPECT_EQ(r.out, zed + QStringLiteral("\n"));
+    EXPECT_EQ(r.out, QStringLiteral("default: ") + zed + QStringLiteral("\n"));
     EXPECT_EQ(run({QStringLiteral("remove"), zed}).exitCode, 0);
     r = run({QStringLiteral("default")});
-    EXPECT_EQ(r.out, zed + QStringLiteral("\n"));
+    EXPECT_EQ(r.out, QStringLiteral("default: ") + zed + QStringLiteral("\n"));
     r = run({QStringLiteral("default"), QStringLiteral("--safe")});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, first + QStringLiteral("\n"));
+    EXPECT_EQ(r.out, QStringLiteral("default: ") + first + QStringLiteral("\n"));
     r = run({QStringLiteral("list")});
-    EXPECT_EQ(r.out, QStringLiteral("* %1  Alpha\n").arg(first));
+    EXPECT_EQ(r.out, QStringLiteral("profiles[0].default: true\nprofiles[0].id: %1\nprofiles[0].name: Alpha\n"
+                                    "profiles[0].readonly: false\n").arg(first));
 }
 
 TEST_F(MsgctrProfileTest, MissingProfileFails)
 {
     const MsgctrResult r = run({QStringLiteral("show"), QStringLiteral("{missing}")});
     EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(r.err, QStringLiteral("msgctr: the MMS profile {missing} cannot be read: error 10081\n"));
+    EXPECT_EQ(r.err, QStringLiteral("msgctr: MSGCTR_ENG_MMSProfileApi::getProfile failed: error 10081 (unknown DM tree result)\n"));
 }
 
 TEST_F(MsgctrProfileTest, IdNamingAnotherNodeIsRefusedWithTheLibrarysReport)
@@ -86,9 +105,9 @@ TEST_F(MsgctrProfileTest, IdNamingAnotherNodeIsRefusedWithTheLibrarysReport)
     EXPECT_EQ(r.exitCode, 1);
     const QStringList lines = r.err.split(QLatin1Char('\n'));
     ASSERT_EQ(lines.size(), 3) << qPrintable(r.err);
-    EXPECT_TRUE(lines[0].contains(QStringLiteral("assert fail at \"isProfileNodeName(id)\"; id = \"a/b\"")))
-        << qPrintable(lines[0]);
-    EXPECT_EQ(lines[1], QStringLiteral("msgctr: the MMS profile a/b was not removed: error 10084"));
+    EXPECT_EQ(lines[0], QStringLiteral("msgctr: MSGCTR_ENG_MMSProfileApi::removeProfile failed: error 10084 (invalid argument)"));
+    EXPECT_TRUE(lines[1].contains(QStringLiteral("assert fail at \"isProfileNodeName(id)\"; id = \"a/b\"")))
+        << qPrintable(lines[1]);
 }
 
 TEST_F(MsgctrProfileTest, AddNeedsAName)

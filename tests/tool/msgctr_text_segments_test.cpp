@@ -20,7 +20,9 @@ TEST_F(MsgctrTextSegmentsTest, EachRecipientAndTheMaximumOverTheEmailRecipients)
     const MsgctrResult r = segments({QStringLiteral("--to"), QStringLiteral("12345, abcdefghij@example.com"),
                                      QStringLiteral("--subject"), QStringLiteral("Hi"), kBody150});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, QStringLiteral("12345: 1\nabcdefghij@example.com: 2\nmaximum: 2\n"));
+    EXPECT_EQ(r.out, QStringLiteral("recipients[0].recipient: 12345\nrecipients[0].segments: 1\n"
+                                    "recipients[1].recipient: abcdefghij@example.com\nrecipients[1].segments: 2\n"
+                                    "maximum: 2\nfits_one_message: true\n"));
     EXPECT_EQ(r.err, QString());
 }
 
@@ -28,21 +30,22 @@ TEST_F(MsgctrTextSegmentsTest, NumbersOnlyCountTheBody)
 {
     const MsgctrResult r = segments({QStringLiteral("--to"), QStringLiteral("12345;678"), QString(161, QLatin1Char('b'))});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, QStringLiteral("12345: 2\n678: 2\nmaximum: 2\n"));
+    EXPECT_EQ(r.out, QStringLiteral("recipients[0].recipient: 12345\nrecipients[0].segments: 2\nrecipients[1].recipient: 678\n"
+                                    "recipients[1].segments: 2\nmaximum: 2\nfits_one_message: true\n"));
 }
 
 TEST_F(MsgctrTextSegmentsTest, MoreThanOneMessageMayTakeIsSaid)
 {
     const MsgctrResult r = segments({QStringLiteral("--to"), QStringLiteral("a@b"), QString(1600, QLatin1Char('c'))});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, QStringLiteral("a@b: 11\nmaximum: 11 (more than the 10 segments one message may take)\n"));
+    EXPECT_EQ(r.out, QStringLiteral("recipients[0].recipient: a@b\nrecipients[0].segments: 11\nmaximum: 11\nfits_one_message: false\n"));
 }
 
 TEST_F(MsgctrTextSegmentsTest, ATextTooLongToCountFails)
 {
     const MsgctrResult r = segments({QStringLiteral("--to"), QStringLiteral("a@b"), QString(3198, QLatin1Char('c'))});
     EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(r.out, QStringLiteral("a@b: cannot be counted\nmaximum: cannot be counted\n"));
+    EXPECT_EQ(r.out, QStringLiteral("recipients[0].recipient: a@b\nrecipients[0].segments: (none)\nmaximum: (none)\nfits_one_message: false\n"));
     EXPECT_EQ(r.err, QStringLiteral("msgctr: a recipient's text cannot be counted (longer than 3200 UTF-16 units)\n"));
 }
 
@@ -64,7 +67,7 @@ TEST_F(MsgctrTextSegmentsTest, ToWithoutAValueIsBadUsage)
 {
     const MsgctrResult r = segments({QStringLiteral("hi"), QStringLiteral("--to")});
     EXPECT_EQ(r.exitCode, 2);
-    EXPECT_EQ(r.err, QStringLiteral("msgctr: --to needs a value\n"));
+    EXPECT_EQ(r.err, QStringLiteral("msgctr: --to needs a value (LIST)\n"));
 }
 
 } // namespace

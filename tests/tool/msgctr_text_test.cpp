@@ -1,34 +1,15 @@
+// msgctr text hex|strip|ascii, run as separate processes.
 #include "HostRootTest.h"
-#include "ProgramLauncher.h"
+#include "MsgctrRun.h"
 
 #include <ostream>
-
-#include <QProcess>
-
 #include <string>
 
 namespace {
 
-struct ToolRun {
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
-
 class MsgctrTextTest : public HostRootTest {
 protected:
-    ToolRun msgctr(const QStringList& args)
-    {
-        QProcess p;
-        startProgram(p, QStringLiteral(ZOR_MSGCTR_EXE), QStringList{QStringLiteral("--root"), root()} + args);
-        ToolRun r;
-        if (!p.waitForFinished(60000) || p.exitStatus() != QProcess::NormalExit)
-            return r;
-        r.exitCode = p.exitCode();
-        r.out = QString::fromUtf8(p.readAllStandardOutput());
-        r.err = QString::fromUtf8(p.readAllStandardError());
-        return r;
-    }
+    MsgctrResult run(const QStringList& args) { return runMsgctr(root(), QStringList{QStringLiteral("text")} + args); }
 };
 
 struct GoodCase {
@@ -37,39 +18,16 @@ struct GoodCase {
     QString out;
 };
 
-void PrintTo(const GoodCase& c, std::ostream* os)
+std::ostream& operator<<(std::ostream& os, const GoodCase& c)
 {
-    *os << "\"" << c.name << "\"";
+    return os << c.name;
 }
 
 class MsgctrTextGoodTest : public MsgctrTextTest, public ::testing::WithParamInterface<GoodCase> {};
 
-struct BadCase {
-    const char* name;
-    QStringList args;
-    QString errPart;
-};
-
-void PrintTo(const BadCase& c, std::ostream* os)
-{
-    *os << "\"" << c.name << "\"";
-}
-
-class MsgctrTextBadTest : public MsgctrTextTest, public ::testing::WithParamInterface<BadCase> {};
-
-QStringList args(std::initializer_list<const char*> items)
-{
-    QStringList l;
-    for (const char* i : items)
-        l.append(QString::fromUtf8(i));
-    return l;
-}
-
-} // namespace
-
 TEST_P(MsgctrTextGoodTest, PrintsTheResult)
 {
-    const ToolRun r = msgctr(QStringList{QStringLiteral("text")} + GetParam().args);
+    const MsgctrResult r = run(GetParam().args);
     EXPECT_EQ(r.exitCode, 0) << r.err.toStdString();
     EXPECT_EQ(r.out, GetParam().out + QLatin1Char('\n'));
     EXPECT_EQ(r.err, QString());
@@ -77,60 +35,96 @@ TEST_P(MsgctrTextGoodTest, PrintsTheResult)
 
 INSTANTIATE_TEST_SUITE_P(
     Verbs, MsgctrTextGoodTest,
-    ::testing::Values(GoodCase{"Hex255", args({"hex", "255"}), QStringLiteral("0x000000FF")},
-                      GoodCase{"HexZero", args({"hex", "0"}), QStringLiteral("0x00000000")},
-                      GoodCase{"HexMax32", args({"hex", "4294967295"}), QStringLiteral("0xFFFFFFFF")},
-                      GoodCase{"HexFromHex", args({"hex", "0xabc"}), QStringLiteral("0x00000ABC")},
-                      GoodCase{"HexBits32", args({"hex", "--bits", "32", "1"}), QStringLiteral("0x00000001")},
-                      GoodCase{"HexBits16", args({"hex", "4660", "--bits", "16"}), QStringLiteral("0x1234")},
-                      GoodCase{"HexMax16", args({"hex", "65535", "--bits", "16"}), QStringLiteral("0xFFFF")},
-                      GoodCase{"HexBits8", args({"hex", "--bits", "8", "255"}), QStringLiteral("0xFF")},
-                      GoodCase{"HexBits8Small", args({"hex", "10", "--bits", "8"}), QStringLiteral("0x0A")},
-                      GoodCase{"Strip", args({"strip", " a  b\tc\nd "}), QStringLiteral("abcd")},
-                      GoodCase{"StripNothingLeft", args({"strip", " \t "}), QString()},
-                      GoodCase{"AsciiAbove255", args({"ascii", "a\u20ACb\u4E2D"}), QStringLiteral("a?b?")},
-                      GoodCase{"AsciiKeepsLatin1", args({"ascii", "caf\u00E9"}), QStringLiteral("caf\u00E9")}),
+    ::testing::Values(GoodCase{"Hex255", words({"hex", "255"}), QStringLiteral("hex: 0x000000FF")},
+                      GoodCase{"HexZero", words({"hex", "0"}), QStringLiteral("hex: 0x00000000")},
+                      GoodCase{"HexMax32", words({"hex", "4294967295"}), QStringLiteral("hex: 0xFFFFFFFF")},
+                      GoodCase{"HexFromHex", words({"hex", "0xabc"}), QStringLiteral("hex: 0x00000ABC")},
+                      GoodCase{"HexBits32", words({"hex", "--bits", "32", "1"}), QStringLiteral("hex: 0x00000001")},
+                      GoodCase{"HexBits16", words({"hex", "4660", "--bits", "16"}), QStringLiteral("hex: 0x1234")},
+                      GoodCase{"HexMax16", words({"hex", "65535", "--bits", "16"}), QStringLiteral("hex: 0xFFFF")},
+                      GoodCase{"HexBits8", words({"hex", "--bits", "8", "255"}), QStringLiteral("hex: 0xFF")},
+                      GoodCase{"HexBitsWithEquals", words({"hex", "1", "--bits=8"}), QStringLiteral("hex: 0x01")},
+                      GoodCase{"HexBits8Small", words({"hex", "10", "--bits", "8"}), QStringLiteral("hex: 0x0A")},
+                      GoodCase{"Strip", words({"strip", " a  b\tc\nd "}), QStringLiteral("text: abcd")},
+                      GoodCase{"StripNothingLeft", words({"strip", " \t "}), QStringLiteral("text: ")},
+                      GoodCase{"StripAfterDoubleDash", words({"strip", "--", "--x"}), QStringLiteral("text: --x")},
+                      GoodCase{"StripArgumentLikeAnApplicationOption", words({"strip", "--", "-qmljsdebugger=port:1234"}),
+                               QStringLiteral("text: -qmljsdebugger=port:1234")},
+                      GoodCase{"AsciiAbove255", words({"ascii", "a\u20ACb\u4E2D"}), QStringLiteral("text: a?b?")},
+                      GoodCase{"AsciiSurrogatePairIsOneCharacter", words({"ascii", "a\xF0\x9F\x98\x80z"}), QStringLiteral("text: a?z")},
+                      GoodCase{"AsciiKeepsLatin1", words({"ascii", "caf\u00E9"}), QStringLiteral("text: caf\u00E9")}),
     [](const ::testing::TestParamInfo<GoodCase>& info) { return std::string(info.param.name); });
+
+struct BadCase {
+    const char* name;
+    QStringList args;
+    const char* err;
+};
+
+std::ostream& operator<<(std::ostream& os, const BadCase& c)
+{
+    return os << c.name;
+}
+
+class MsgctrTextBadTest : public MsgctrTextTest, public ::testing::WithParamInterface<BadCase> {};
 
 TEST_P(MsgctrTextBadTest, RefusesWithUsageStatus)
 {
-    const ToolRun r = msgctr(QStringList{QStringLiteral("text")} + GetParam().args);
+    const MsgctrResult r = run(GetParam().args);
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_EQ(r.out, QString());
-    EXPECT_TRUE(r.err.startsWith(QStringLiteral("msgctr: "))) << r.err.toStdString();
-    EXPECT_TRUE(r.err.contains(GetParam().errPart)) << r.err.toStdString();
+    EXPECT_EQ(r.err, QStringLiteral("msgctr: %1\n").arg(QString::fromUtf8(GetParam().err)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Verbs, MsgctrTextBadTest,
-    ::testing::Values(BadCase{"HexTooBigFor32", args({"hex", "4294967296"}), QStringLiteral("does not fit in 32")},
-                      BadCase{"HexTooBigFor16", args({"hex", "65536", "--bits", "16"}), QStringLiteral("does not fit in 16")},
-                      BadCase{"HexTooBigFor8", args({"hex", "256", "--bits", "8"}), QStringLiteral("does not fit in 8")},
-                      BadCase{"HexNegative", args({"hex", "-1"}), QStringLiteral("does not fit")},
-                      BadCase{"HexNotANumber", args({"hex", "12z"}), QStringLiteral("not a number")},
-                      BadCase{"HexMissingNumber", args({"hex"}), QStringLiteral("one NUMBER")},
-                      BadCase{"HexTwoNumbers", args({"hex", "1", "2"}), QStringLiteral("one NUMBER")},
-                      BadCase{"HexOddWidth", args({"hex", "1", "--bits", "7"}), QStringLiteral("32, 16 or 8")},
-                      BadCase{"HexWidthMissing", args({"hex", "1", "--bits"}), QStringLiteral("32, 16 or 8")},
-                      BadCase{"StripMissingText", args({"strip"}), QStringLiteral("one TEXT")},
-                      BadCase{"StripTwoTexts", args({"strip", "a", "b"}), QStringLiteral("one TEXT")},
-                      BadCase{"AsciiMissingText", args({"ascii"}), QStringLiteral("one TEXT")}),
+    ::testing::Values(
+        BadCase{"HexTooBigFor32", words({"hex", "4294967296"}), "NUMBER must be a number from 0 to 4294967295, not '4294967296'"},
+        BadCase{"HexTooBigFor16", words({"hex", "65536", "--bits", "16"}), "65536 does not fit in 16 unsigned bits (0 to 65535)"},
+        BadCase{"HexTooBigFor8", words({"hex", "256", "--bits", "8"}), "256 does not fit in 8 unsigned bits (0 to 255)"},
+        BadCase{"HexNegative", words({"hex", "-1"}), "NUMBER must be a number from 0 to 4294967295, not '-1'"},
+        BadCase{"HexNotANumber", words({"hex", "12z"}), "NUMBER must be a number from 0 to 4294967295, not '12z'"},
+        BadCase{"HexMissingNumber", words({"hex"}), "text hex needs NUMBER (see msgctr text hex --help)"},
+        BadCase{"HexTwoNumbers", words({"hex", "1", "2"}), "text hex: one argument too many: '2' (see msgctr text hex --help)"},
+        BadCase{"HexOddWidth", words({"hex", "1", "--bits", "7"}), "--bits must be one of 32, 16, 8, not '7'"},
+        BadCase{"HexWidthMissing", words({"hex", "1", "--bits"}), "--bits needs a value (32|16|8)"},
+        BadCase{"HexMistypedOption", words({"hex", "1", "--bit=8"}),
+                "unknown option '--bit' for 'text hex' (did you mean '--bits'?) (an argument that begins with '-' goes after '--')"},
+        BadCase{"StripMissingText", words({"strip"}), "text strip needs TEXT (see msgctr text strip --help)"},
+        BadCase{"StripTwoTexts", words({"strip", "a", "b"}), "text strip: one argument too many: 'b' (see msgctr text strip --help)"},
+        BadCase{"StripSingleDashWord", words({"strip", "-x"}),
+                "unknown option '-x' for 'text strip' (an argument that begins with '-' goes after '--')"},
+        BadCase{"AsciiMissingText", words({"ascii"}), "text ascii needs TEXT (see msgctr text ascii --help)"}),
     [](const ::testing::TestParamInfo<BadCase>& info) { return std::string(info.param.name); });
+
+TEST_F(MsgctrTextTest, DashReadsTheTextFromStandardInput)
+{
+    const MsgctrResult r = runMsgctr(root(), words({"text", "strip", "-"}), "a b\nc\n");
+    EXPECT_EQ(r.exitCode, 0) << qPrintable(r.err);
+    EXPECT_EQ(r.out, QStringLiteral("text: abc\n"));
+}
 
 TEST_F(MsgctrTextTest, FamilyHelpListsTheVerbs)
 {
-    const ToolRun r = msgctr(args({"text", "--help"}));
+    const MsgctrResult r = run(words({"--help"}));
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_TRUE(r.out.contains(QStringLiteral("text utilities: hex, white space, ...")));
-    EXPECT_TRUE(r.out.contains(QStringLiteral("hex NUMBER [--bits 32|16|8]")));
-    EXPECT_TRUE(r.out.contains(QStringLiteral("strip TEXT")));
-    EXPECT_TRUE(r.out.contains(QStringLiteral("ascii TEXT")));
+    const QStringList lines = r.out.split(QLatin1Char('\n'));
+    EXPECT_EQ(lines.at(0), QStringLiteral("usage: msgctr text <verb> [args...]"));
+    EXPECT_EQ(lines.at(1), QStringLiteral("text utilities: hex, white space, checksums, segments, e-mail over SMS, times"));
+    EXPECT_TRUE(lines.contains(QStringLiteral("  hex [--bits 32|16|8] NUMBER  the number in upper-case hexadecimal with 0x, as 8, 4 or 2 digits")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("  strip TEXT                   the text with every white-space character removed")));
 }
 
 TEST_F(MsgctrTextTest, VerbHelp)
 {
-    const ToolRun r = msgctr(args({"text", "hex", "--help"}));
+    const MsgctrResult r = run(words({"hex", "-h"}));
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: msgctr text hex NUMBER [--bits 32|16|8]\n")))
-        << r.out.toStdString();
+    EXPECT_EQ(r.out, QStringLiteral("usage: msgctr text hex [--bits 32|16|8] NUMBER\n"
+                                    "the number in upper-case hexadecimal with 0x, as 8, 4 or 2 digits\n\n"
+                                    "arguments:\n"
+                                    "  NUMBER           the number, decimal or 0x hexadecimal (0 to 4294967295)\n"
+                                    "  --bits 32|16|8   the width (default 32) (one of 32, 16, 8)\n\n"
+                                    "fields (also with --json): hex (text)\n"));
 }
+
+} // namespace

@@ -1,75 +1,74 @@
 // msgctr addr: recipient lists as the composer normalises, splits and shows them.
-#include "Command.h"
 #include "VCardAddressBook.h"
+#include "Verb.h"
 
 #include "MSGCTR_ENG_Addrbk.h"
 #include "MSGCTR_ENG_EmsAddressList.h"
 
+#include <climits>
+
 namespace msgctr {
 namespace {
 
-int normalize(const QStringList& args)
+const QString kText = QStringLiteral("TEXT");
+
+Arg listArg()
 {
-    if (args.size() != 1)
-        return usageError(QStringLiteral("addr normalize takes one TEXT (quote it if it holds blanks)"));
-    out(MSGCTR_ENG_EmsAddressList::marshalAddrList(args.first()));
+    return text(kText, QStringLiteral("the recipient list")).stdinDash();
+}
+
+int normalize(const Args& args, Output& out)
+{
+    out.field(QStringLiteral("list"), MSGCTR_ENG_EmsAddressList::marshalAddrList(args.text(kText)));
     return ExitOk;
 }
 
-int split(const QStringList& args)
+int split(const Args& args, Output& out)
 {
-    if (args.size() != 1)
-        return usageError(QStringLiteral("addr split takes one TEXT (quote it if it holds blanks)"));
     QString numbers;
     QString others;
-    MSGCTR_ENG_EmsAddressList::segregateEmsNumberTypeFromOtherAddrType(&numbers, &others, args.first());
-    out(QStringLiteral("numbers: ") + numbers);
-    out(QStringLiteral("others: ") + others);
+    MSGCTR_ENG_EmsAddressList::segregateEmsNumberTypeFromOtherAddrType(&numbers, &others, args.text(kText));
+    out.field(QStringLiteral("numbers"), numbers);
+    out.field(QStringLiteral("others"), others);
     return ExitOk;
 }
 
-int names(const QStringList& args)
+int names(const Args& args, Output& out)
 {
-    QStringList rest = args;
-    int status = ExitOk;
-    QString contacts;
-    QString maxText;
-    QString separator = QStringLiteral(", ");
-    bool hasContacts = false;
-    bool hasMax = false;
-    bool hasSeparator = false;
-    if (!takeOption(&rest, QStringLiteral("--contacts"), &contacts, &hasContacts, &status)
-        || !takeOption(&rest, QStringLiteral("--max"), &maxText, &hasMax, &status)
-        || !takeOption(&rest, QStringLiteral("--separator"), &separator, &hasSeparator, &status))
-        return status;
-    if (rest.size() != 1)
-        return usageError(QStringLiteral("addr names takes one TEXT after its options (see msgctr addr names --help)"));
-    qlonglong max = 0;
-    if (hasMax && (!parseInteger(maxText, &max) || max < 0 || max > 0x7FFFFFFF))
-        return usageError(QStringLiteral("--max needs a length from 0 to 2147483647, not '%1'").arg(maxText));
-    if (hasContacts) {
+    if (args.has(QStringLiteral("--contacts"))) {
         QString error;
-        if (!installVCardAddressBook(contacts, &error))
-            return failure(error);
+        if (!installVCardAddressBook(args.text(QStringLiteral("--contacts")), &error))
+            return fail(error);
     }
+    const QString separator = args.has(QStringLiteral("--separator")) ? args.text(QStringLiteral("--separator")) : QStringLiteral(", ");
     MSGCTR_ENG_Addrbk::beginCache();
-    const QString text = hasMax ? MSGCTR_ENG_EmsAddressList::toNameList(rest.first(), int(max), separator)
-                                : MSGCTR_ENG_EmsAddressList::toNameList(rest.first(), separator);
+    QString text = args.has(QStringLiteral("--max"))
+        ? MSGCTR_ENG_EmsAddressList::toNameList(args.text(kText), int(args.number(QStringLiteral("--max"))), separator)
+        : MSGCTR_ENG_EmsAddressList::toNameList(args.text(kText), separator);
     MSGCTR_ENG_Addrbk::endCache();
     removeVCardAddressBook();
-    out(text);
+    // A limit may fall inside a surrogate pair: the half character goes too.
+    if (!text.isEmpty() && text.back().isHighSurrogate())
+        text.chop(1);
+    out.field(QStringLiteral("names"), text);
     return ExitOk;
 }
 
-const FamilyRegistration registration(
+const VerbRegistration registration(
     QStringLiteral("addr"), QStringLiteral("recipient lists: normalising, numbers and e-mail addresses, contact names"),
     {
-        {QStringLiteral("normalize"), QStringLiteral("TEXT"),
-         QStringLiteral("the canonical list: separated by \",\", no blanks, no empty entries"), normalize},
-        {QStringLiteral("split"), QStringLiteral("TEXT"),
-         QStringLiteral("the phone numbers and the other addresses of the list"), split},
-        {QStringLiteral("names"), QStringLiteral("[--contacts FILE] [--max N] [--separator S] TEXT"),
-         QStringLiteral("the names shown for the list, from a vCard file (FN, TEL, EMAIL)"), names},
+        Verb(QStringLiteral("normalize"), QStringLiteral("the canonical list: separated by \",\", no blanks, no empty entries"), normalize)
+            .arg(listArg())
+            .fields(QStringLiteral("list (text)")),
+        Verb(QStringLiteral("split"), QStringLiteral("the phone numbers and the other addresses of the list"), split)
+            .arg(listArg())
+            .fields(QStringLiteral("numbers (text), others (text)")),
+        Verb(QStringLiteral("names"), QStringLiteral("the names shown for the list, from a vCard file (FN, TEL, EMAIL)"), names)
+            .arg(listArg())
+            .arg(text(QStringLiteral("--contacts"), QStringLiteral("a vCard file (2.1, 3.0 or 4.0)")).as(QStringLiteral("FILE")))
+            .arg(integer(QStringLiteral("--max"), 0, INT_MAX, QStringLiteral("the longest text shown")))
+            .arg(text(QStringLiteral("--separator"), QStringLiteral("between two names (default \", \")")).as(QStringLiteral("S")))
+            .fields(QStringLiteral("names (text)")),
     });
 
 } // namespace

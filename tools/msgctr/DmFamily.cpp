@@ -1,12 +1,11 @@
 // msgctr dm: a browser of the device-management tree for developers, straight on the DM library.
-#include "Command.h"
+#include "Verb.h"
 
 #include "DmtResult.h"
 #include "DmtTreeFactory.h"
 
 #include <QByteArray>
 
-#include <climits>
 
 namespace msgctr {
 namespace {
@@ -29,13 +28,14 @@ QString resultText(int result)
     case DMT_RESULT_ALREADY_EXISTS:
         return QStringLiteral("the node exists already");
     default:
-        return QStringLiteral("DM result");
+        return QStringLiteral("unknown DM result");
     }
 }
 
-int dmFailure(const QString& what, int result)
+// The one failure form of msgctr: the operation, the code and what it means.
+int dmFailure(const QString& operation, int result)
 {
-    return failure(QStringLiteral("%1: %2 (DM result %3)").arg(what, resultText(result)).arg(result));
+    return fail(QStringLiteral("%1 failed: result %2 (%3)").arg(operation).arg(result).arg(resultText(result)));
 }
 
 QString typeName(DmtDataType type)
@@ -55,24 +55,30 @@ QString typeName(DmtDataType type)
     return QStringLiteral("null");
 }
 
-// A value as a person reads it: strings quoted in the outline, bytes in hexadecimal.
-QString valueText(const DmtData& value, bool quoteStrings)
+// A value in its JSON type; bytes in hexadecimal.
+QJsonValue valueJson(const DmtData& value)
 {
     DMString text;
     int number = 0;
     bool flag = false;
     DMVector<unsigned char> bytes;
     if (value.GetString(text) == DMT_RESULT_SUCCESS) {
-        const QString s = QString::fromUtf8(text.c_str(), qsizetype(text.length()));
-        return quoteStrings ? QLatin1Char('"') + s + QLatin1Char('"') : s;
+        return QString::fromUtf8(text.c_str(), qsizetype(text.length()));
     }
     if (value.GetInt(number) == DMT_RESULT_SUCCESS)
-        return QString::number(number);
+        return number;
     if (value.GetBoolean(flag) == DMT_RESULT_SUCCESS)
-        return flag ? QStringLiteral("true") : QStringLiteral("false");
+        return flag;
     if (value.GetBinary(bytes) == DMT_RESULT_SUCCESS)
         return QString::fromLatin1(QByteArray(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size())).toHex());
-    return QString();
+    return QJsonValue();
+}
+
+QJsonObject leafJson(const QString& path, const DmtData& value)
+{
+    return QJsonObject{{QStringLiteral("path"), path},
+                       {QStringLiteral("type"), typeName(value.GetType())},
+                       {QStringLiteral("value"), valueJson(value)}};
 }
 
 // The factory is initialised for the length of one verb.
@@ -109,55 +115,54 @@ int openTree(const char* path, int lock, PDmtTree* tree, Factory& factory)
     return DmtTreeFactory::GetSubtreeEx(DmtPrincipal(DMT_LOCAL_PRINCIPAL), path, lock, *tree);
 }
 
-int printOutline(PDmtTree& tree, const QByteArray& relative, const QString& name, int depth)
+// Every node under relative in depth-first order, each with its full path and type; leaves with their value.
+int collectNodes(PDmtTree& tree, const QByteArray& relative, const QString& path, QJsonArray* nodes)
 {
     PDmtNode node;
     if (const int result = tree->GetNode(relative.constData(), node); result != DMT_RESULT_SUCCESS)
         return result;
-    const QString indent(depth * 2, QLatin1Char(' '));
     if (node->IsLeaf()) {
         DmtData value;
         if (const int result = node->GetValue(value); result != DMT_RESULT_SUCCESS)
             return result;
-        out(QStringLiteral("%1%2 (%3) = %4").arg(indent, name, typeName(value.GetType()), valueText(value, true)));
+        nodes->append(leafJson(path, value));
         return DMT_RESULT_SUCCESS;
     }
-    out(QStringLiteral("%1%2 (node)").arg(indent, name));
+    nodes->append(QJsonObject{{QStringLiteral("path"), path}, {QStringLiteral("type"), QStringLiteral("node")}});
     DMStringVector children;
     if (const int result = tree->GetChildNodeNames(relative.constData(), children); result != DMT_RESULT_SUCCESS)
         return result;
     for (const DMString& child : children) {
-        const QByteArray path = relative.isEmpty() ? QByteArray(child.c_str()) : relative + '/' + child.c_str();
-        if (const int result = printOutline(tree, path, QString::fromUtf8(child.c_str()), depth + 1);
-            result != DMT_RESULT_SUCCESS)
+        const QByteArray childRelative = relative.isEmpty() ? QByteArray(child.c_str()) : relative + '/' + child.c_str();
+        const QString childPath = path + QLatin1Char('/') + QString::fromUtf8(child.c_str());
+        if (const int result = collectNodes(tree, childRelative, childPath, nodes); result != DMT_RESULT_SUCCESS)
             return result;
     }
     return DMT_RESULT_SUCCESS;
 }
 
-int tree(const QStringList& args)
+int tree(const Args& args, Output& out)
 {
-    if (args.size() > 1)
-        return usageError(QStringLiteral("dm tree takes at most one PATH"));
-    const QString path = args.isEmpty() ? QStringLiteral(".") : args.first();
+    const QString path = args.has(QStringLiteral("PATH")) ? args.text(QStringLiteral("PATH")) : QStringLiteral(".");
     Factory factory;
     PDmtTree subtree;
     if (const int result = openTree(path.toUtf8().constData(), DMT_LOCK_SHARED, &subtree, factory);
         result != DMT_RESULT_SUCCESS)
-        return dmFailure(QStringLiteral("cannot open %1").arg(path), result);
+        return dmFailure(QStringLiteral("opening %1").arg(path), result);
+    QJsonArray nodes;
     const QString root = QString::fromUtf8(subtree->GetRootPath().c_str());
-    if (const int result = printOutline(subtree, QByteArray(""), root, 0); result != DMT_RESULT_SUCCESS)
-        return dmFailure(QStringLiteral("cannot read %1").arg(path), result);
+    if (const int result = collectNodes(subtree, QByteArray(""), root, &nodes); result != DMT_RESULT_SUCCESS)
+        return dmFailure(QStringLiteral("reading %1").arg(path), result);
+    out.field(QStringLiteral("nodes"), nodes);
     return ExitOk;
 }
 
-int get(const QStringList& args)
+int get(const Args& args, Output& out)
 {
-    if (args.size() != 1)
-        return usageError(QStringLiteral("dm get takes one PATH"));
+    const QString path = args.text(QStringLiteral("PATH"));
     QByteArray relative;
-    if (!relativeToRoot(args.first(), &relative))
-        return usageError(QStringLiteral("'%1' is not a tree path (they begin with \"./\")").arg(args.first()));
+    if (!relativeToRoot(path, &relative))
+        return usage(QStringLiteral("'%1' is not a tree path (they begin with \"./\")").arg(path));
     Factory factory;
     PDmtTree root;
     PDmtNode node;
@@ -168,8 +173,10 @@ int get(const QStringList& args)
     if (result == DMT_RESULT_SUCCESS)
         result = node->GetValue(value);
     if (result != DMT_RESULT_SUCCESS)
-        return dmFailure(QStringLiteral("cannot read %1").arg(args.first()), result);
-    out(valueText(value, false));
+        return dmFailure(QStringLiteral("reading %1").arg(path), result);
+    const QJsonObject leaf = leafJson(path, value);
+    for (auto it = leaf.begin(); it != leaf.end(); ++it)
+        out.field(it.key(), it.value());
     return ExitOk;
 }
 
@@ -181,10 +188,11 @@ bool parseValue(const QString& type, const QString& text, DmtData* value)
         return true;
     }
     if (type == QLatin1String("int")) {
-        qlonglong number = 0;
-        if (!parseInteger(text, &number) || number < INT_MIN || number > INT_MAX)
+        bool ok = false;
+        const int number = text.toInt(&ok, 10);
+        if (!ok)
             return false;
-        *value = DmtData(int(number));
+        *value = DmtData(number);
         return true;
     }
     if (type == QLatin1String("bool")) {
@@ -203,25 +211,17 @@ bool parseValue(const QString& type, const QString& text, DmtData* value)
     return false;
 }
 
-int set(const QStringList& args)
+int set(const Args& args, Output& out)
 {
-    QStringList rest = args;
-    QString type = QStringLiteral("string");
-    int status = ExitOk;
-    if (!takeOption(&rest, QStringLiteral("--type"), &type, nullptr, &status))
-        return status;
-    if (rest.size() != 2)
-        return usageError(QStringLiteral("dm set takes PATH and VALUE"));
-    static const QStringList types{QStringLiteral("string"), QStringLiteral("int"), QStringLiteral("bool"),
-                                   QStringLiteral("binary")};
-    if (!types.contains(type))
-        return usageError(QStringLiteral("unknown type '%1' (string, int, bool or binary)").arg(type));
+    const QString path = args.text(QStringLiteral("PATH"));
+    const QString text = args.text(QStringLiteral("VALUE"));
+    const QString type = args.has(QStringLiteral("--type")) ? args.text(QStringLiteral("--type")) : QStringLiteral("string");
     QByteArray relative;
-    if (!relativeToRoot(rest.at(0), &relative) || relative.isEmpty())
-        return usageError(QStringLiteral("'%1' is not a leaf path (they begin with \"./\")").arg(rest.at(0)));
+    if (!relativeToRoot(path, &relative) || relative.isEmpty())
+        return usage(QStringLiteral("'%1' is not a leaf path (they begin with \"./\")").arg(path));
     DmtData value;
-    if (!parseValue(type, rest.at(1), &value))
-        return usageError(QStringLiteral("'%1' is not a %2 value").arg(rest.at(1), type));
+    if (!parseValue(type, text, &value))
+        return usage(QStringLiteral("'%1' is not a %2 value").arg(text, type));
     Factory factory;
     PDmtTree root;
     PDmtNode node;
@@ -236,17 +236,19 @@ int set(const QStringList& args)
     if (result == DMT_RESULT_SUCCESS)
         result = root->Flush();
     if (result != DMT_RESULT_SUCCESS)
-        return dmFailure(QStringLiteral("cannot set %1").arg(rest.at(0)), result);
+        return dmFailure(QStringLiteral("setting %1").arg(path), result);
+    const QJsonObject leaf = leafJson(path, value);
+    for (auto it = leaf.begin(); it != leaf.end(); ++it)
+        out.field(it.key(), it.value());
     return ExitOk;
 }
 
-int remove(const QStringList& args)
+int remove(const Args& args, Output& out)
 {
-    if (args.size() != 1)
-        return usageError(QStringLiteral("dm delete takes one PATH"));
+    const QString path = args.text(QStringLiteral("PATH"));
     QByteArray relative;
-    if (!relativeToRoot(args.first(), &relative) || relative.isEmpty())
-        return usageError(QStringLiteral("'%1' is not a path below the root (they begin with \"./\")").arg(args.first()));
+    if (!relativeToRoot(path, &relative) || relative.isEmpty())
+        return usage(QStringLiteral("'%1' is not a path below the root (they begin with \"./\")").arg(path));
     Factory factory;
     PDmtTree root;
     int result = openTree(".", DMT_LOCK_EXCLUSIVE, &root, factory);
@@ -255,20 +257,39 @@ int remove(const QStringList& args)
     if (result == DMT_RESULT_SUCCESS)
         result = root->Flush();
     if (result != DMT_RESULT_SUCCESS)
-        return dmFailure(QStringLiteral("cannot delete %1").arg(args.first()), result);
+        return dmFailure(QStringLiteral("deleting %1").arg(path), result);
+    out.field(QStringLiteral("deleted"), path);
     return ExitOk;
 }
 
-const FamilyRegistration registration(
+Arg pathArg(const QString& help)
+{
+    return text(QStringLiteral("PATH"), help);
+}
+
+const VerbRegistration registration(
     QStringLiteral("dm"), QStringLiteral("browse and edit the device-management tree"),
     {
-        {QStringLiteral("tree"), QStringLiteral("[PATH]"),
-         QStringLiteral("the tree under PATH (default \".\") as an indented outline with types"), tree},
-        {QStringLiteral("get"), QStringLiteral("PATH"), QStringLiteral("print the value of the leaf at PATH"), get},
-        {QStringLiteral("set"), QStringLiteral("PATH VALUE [--type string|int|bool|binary]"),
-         QStringLiteral("set the leaf at PATH, creating it and its parents if needed (binary in hex)"), set},
-        {QStringLiteral("delete"), QStringLiteral("PATH"), QStringLiteral("delete the node at PATH and all under it"),
-         remove},
+        Verb(QStringLiteral("tree"), QStringLiteral("every node under PATH with its type, leaves with their value"), tree)
+            .arg(pathArg(QStringLiteral("where to start (default \".\", the whole tree)")).optional())
+            .reads()
+            .fields(QStringLiteral("nodes (list of {path (text), type (text), value (text, number or bool; leaves only)})")),
+        Verb(QStringLiteral("get"), QStringLiteral("the value of the leaf at PATH"), get)
+            .arg(pathArg(QStringLiteral("the leaf, e.g. ./Vendor/Name")))
+            .reads()
+            .fields(QStringLiteral("path (text), type (text), value (text, number or bool)")),
+        Verb(QStringLiteral("set"), QStringLiteral("set the leaf at PATH, creating it and its parents if needed"), set)
+            .arg(pathArg(QStringLiteral("the leaf, e.g. ./Vendor/Name")))
+            .arg(text(QStringLiteral("VALUE"), QStringLiteral("the value; binary values in hexadecimal")))
+            .arg(choice(QStringLiteral("--type"), {QStringLiteral("string"), QStringLiteral("int"), QStringLiteral("bool"),
+                                                   QStringLiteral("binary")},
+                        QStringLiteral("the value's type (default string)")))
+            .writes()
+            .fields(QStringLiteral("path (text), type (text), value (text, number or bool)")),
+        Verb(QStringLiteral("delete"), QStringLiteral("delete the node at PATH and all under it"), remove)
+            .arg(pathArg(QStringLiteral("the node, e.g. ./Vendor")))
+            .writes()
+            .fields(QStringLiteral("deleted (text)")),
     });
 
 } // namespace

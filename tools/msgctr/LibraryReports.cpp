@@ -1,8 +1,8 @@
 #include "LibraryReports.h"
 
-#include "Command.h"
-
 #include "MSGCTR_ENG_UTIL_Dbg.h"
+
+#include <QStringList>
 
 #include <cstdio>
 
@@ -18,19 +18,22 @@ void keepReportLine(const char* line)
 
 } // namespace
 
-std::function<int(const QStringList&)> withReports(std::function<int(const QStringList&)> verb)
+Verb::Run withReports(Verb::Run verb)
 {
-    return [verb](const QStringList& args) {
-        QStringList rest = args;
-        const bool trace = rest.removeAll(QStringLiteral("--trace")) > 0;
+    return [verb](const Args& args, Output& out) {
         MSGCTR_ENG_UTIL_Dbg::setCallbackPrintln(keepReportLine);
-        const int status = verb(rest);
-        if (trace || status != ExitOk) {
+        const int status = verb(args, out);
+        if (args.has(QStringLiteral("--trace")) || status != ExitOk) {
             for (const QString& line : std::as_const(g_reportLines))
                 std::fprintf(stderr, "%s\n", line.toLatin1().constData());
         }
         return status;
     };
+}
+
+Arg traceFlag()
+{
+    return flag(QStringLiteral("--trace"), QStringLiteral("show the library's report lines on standard error"));
 }
 
 } // namespace msgctr

@@ -2,14 +2,15 @@
 // wants those lines only when something went wrong, or when asking for them with --trace.
 #pragma once
 
-#include <QStringList>
-
-#include <functional>
+#include "Verb.h"
 
 namespace msgctr {
 
-// The verb with "--trace" taken out of its arguments; the report lines it caused go to standard error
-// after it when it fails or when --trace was given.
-std::function<int(const QStringList&)> withReports(std::function<int(const QStringList&)> verb);
+// The verb with the report lines it caused sent to standard error after it when it fails or when --trace
+// (traceFlag()) was given.
+Verb::Run withReports(Verb::Run verb);
+
+// The --trace option of a verb run withReports().
+Arg traceFlag();
 
 } // namespace msgctr

@@ -1,33 +1,44 @@
 // msgctr platform: the host platform itself.
-#include "Command.h"
+#include "Verb.h"
 
 #include "ZorHostControl.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace msgctr {
 namespace {
 
-int root(const QStringList& args)
+int root(const Args&, Output& out)
 {
-    if (!args.isEmpty())
-        return usageError(QStringLiteral("platform root takes no arguments"));
-    out(ZorHost::root());
+    out.field(QStringLiteral("root"), ZorHost::root());
     return ExitOk;
 }
 
-int reset(const QStringList& args)
+int reset(const Args&, Output& out)
 {
-    if (!args.isEmpty())
-        return usageError(QStringLiteral("platform reset takes no arguments"));
+    const QString base = ZorHost::root();
     ZorHost::resetAll();
-    out(QStringLiteral("host platform at %1 is back to its factory state").arg(ZorHost::root()));
+    // The simulators keep their state here; what is left of it was not reset. (The device folder is not
+    // checked: a reset installs the factory resource files in it again.)
+    const QString dir = base + QStringLiteral("/state");
+    if (QFileInfo::exists(dir))
+        return fail(QStringLiteral("cannot reset the host platform: %1 could not be removed").arg(dir));
+    out.field(QStringLiteral("root"), base);
+    out.field(QStringLiteral("state"), QStringLiteral("factory"));
     return ExitOk;
 }
 
-const FamilyRegistration registration(QStringLiteral("platform"), QStringLiteral("the host platform the library runs on"),
-                    {
-                        {QStringLiteral("root"), QString(), QStringLiteral("print the folder the host platform keeps its files in"), root},
-                        {QStringLiteral("reset"), QString(), QStringLiteral("put every simulator back to its factory state"), reset},
-                    });
+const VerbRegistration registration(
+    QStringLiteral("platform"), QStringLiteral("the host platform the library runs on"),
+    {
+        Verb(QStringLiteral("root"), QStringLiteral("print the folder the host platform keeps its files in"), root)
+            .reads()
+            .fields(QStringLiteral("root (text)")),
+        Verb(QStringLiteral("reset"), QStringLiteral("put every simulator back to its factory state"), reset)
+            .writes()
+            .fields(QStringLiteral("root (text), state (text: factory)")),
+    });
 
 } // namespace
 } // namespace msgctr

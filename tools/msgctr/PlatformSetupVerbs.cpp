@@ -1,5 +1,6 @@
 // msgctr platform flexbit|feature|lang: the host platform's feature switches and system language.
-#include "Command.h"
+#include "DidYouMean.h"
+#include "Verb.h"
 
 #include "UTIL_Language.h"
 #include "ZorHostSetupControl.h"
@@ -14,109 +15,99 @@
 namespace msgctr {
 namespace {
 
-QString onOff(bool on)
-{
-    return on ? QStringLiteral("on") : QStringLiteral("off");
-}
-
-bool parseNumber(const QString& text, int* number)
-{
-    qlonglong value = 0;
-    if (!parseInteger(text, &value) || value < INT_MIN || value > INT_MAX)
-        return false;
-    *number = int(value);
-    return true;
-}
-
-QString writeError()
+QString osError()
 {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
 
-// Shared by flexbit and feature: list the table, show one entry, or change it.
-int switchVerb(const QStringList& args, const QString& verb, const QString& what, const QMap<int, bool>& table,
-               const std::function<bool(int, const QString&)>& change, const QStringList& settings)
+QJsonObject table(const QMap<int, bool>& switches)
 {
-    if (args.size() > 2)
-        return usageError(QStringLiteral("platform %1 takes at most a number and a setting").arg(verb));
-    if (args.isEmpty()) {
-        for (auto it = table.constBegin(); it != table.constEnd(); ++it)
-            out(QStringLiteral("%1 %2").arg(it.key()).arg(onOff(it.value())));
+    QJsonObject object;
+    for (auto it = switches.constBegin(); it != switches.constEnd(); ++it)
+        object.insert(QString::number(it.key()), it.value());
+    return object;
+}
+
+int flexbit(const Args& args, Output& out)
+{
+    const QString number = QStringLiteral("NUMBER");
+    if (!args.has(number)) {
+        if (args.has(QStringLiteral("--unset")))
+            return usage(QStringLiteral("--unset needs the NUMBER of the flex bit"));
+        out.field(QStringLiteral("flex_bits"), table(ZorHost::flexBits()));
         return ExitOk;
     }
-    int number = 0;
-    if (!parseNumber(args.first(), &number))
-        return usageError(QStringLiteral("'%1' is not a %2 number").arg(args.first(), what));
-    if (args.size() == 1) {
-        if (!table.contains(number))
-            return failure(QStringLiteral("%1 %2 is not set").arg(what).arg(number));
-        out(QStringLiteral("%1 %2").arg(number).arg(onOff(table.value(number))));
-        return ExitOk;
+    const int bit = int(args.number(number));
+    if (args.has(QStringLiteral("--unset"))) {
+        if (args.has(QStringLiteral("BOOL")))
+            return usage(QStringLiteral("--unset goes without BOOL"));
+        if (!ZorHost::unsetFlexBit(bit))
+            return fail(QStringLiteral("cannot unset flex bit %1: %2").arg(bit).arg(osError()));
+    } else if (args.has(QStringLiteral("BOOL")) && !ZorHost::setFlexBit(bit, args.boolean(QStringLiteral("BOOL")))) {
+        return fail(QStringLiteral("cannot change flex bit %1: %2").arg(bit).arg(osError()));
     }
-    const QString setting = args.at(1);
-    if (!settings.contains(setting))
-        return usageError(QStringLiteral("'%1' is not one of %2").arg(setting, settings.join(QLatin1Char(' '))));
-    if (!change(number, setting))
-        return failure(QStringLiteral("cannot change %1 %2: %3").arg(what).arg(number).arg(writeError()));
-    out(setting == QLatin1String("unset") ? QStringLiteral("%1 unset").arg(number)
-                                          : QStringLiteral("%1 %2").arg(number).arg(setting));
+    const QMap<int, bool> bits = ZorHost::flexBits();
+    if (!bits.contains(bit) && !args.has(QStringLiteral("--unset")))
+        return fail(QStringLiteral("flex bit %1 is not set").arg(bit));
+    out.field(QStringLiteral("number"), bit);
+    out.field(QStringLiteral("on"), bits.contains(bit) ? QJsonValue(bits.value(bit)) : QJsonValue());
     return ExitOk;
 }
 
-int flexbit(const QStringList& args)
+int feature(const Args& args, Output& out)
 {
-    return switchVerb(
-        args, QStringLiteral("flexbit"), QStringLiteral("flex bit"), ZorHost::flexBits(),
-        [](int number, const QString& setting) {
-            return setting == QLatin1String("unset") ? ZorHost::unsetFlexBit(number)
-                                                     : ZorHost::setFlexBit(number, setting == QLatin1String("on"));
-        },
-        {QStringLiteral("on"), QStringLiteral("off"), QStringLiteral("unset")});
+    if (!args.has(QStringLiteral("ID"))) {
+        out.field(QStringLiteral("features"), table(ZorHost::features()));
+        return ExitOk;
+    }
+    const int id = int(args.number(QStringLiteral("ID")));
+    if (args.has(QStringLiteral("BOOL")) && !ZorHost::setFeatureAvailable(id, args.boolean(QStringLiteral("BOOL"))))
+        return fail(QStringLiteral("cannot change feature %1: %2").arg(id).arg(osError()));
+    const QMap<int, bool> features = ZorHost::features();
+    if (!features.contains(id))
+        return fail(QStringLiteral("feature %1 is not set").arg(id));
+    out.field(QStringLiteral("id"), id);
+    out.field(QStringLiteral("available"), features.value(id));
+    return ExitOk;
 }
 
-int feature(const QStringList& args)
+int lang(const Args& args, Output& out)
 {
-    return switchVerb(
-        args, QStringLiteral("feature"), QStringLiteral("feature"), ZorHost::features(),
-        [](int id, const QString& setting) { return ZorHost::setFeatureAvailable(id, setting == QLatin1String("on")); },
-        {QStringLiteral("on"), QStringLiteral("off")});
-}
-
-void printLanguage()
-{
-    const int id = UTIL_Language::getSystemLanguageId();
-    out(QStringLiteral("%1 (id %2, %3, cell-broadcast language %4)")
-            .arg(UTIL_Language::getSystemLanguageCode())
-            .arg(id)
-            .arg(UTIL_Language::getSystemLanguageString())
-            .arg(UTIL_Language::getLanguageIndexByLanId(id)));
-}
-
-int lang(const QStringList& args)
-{
-    if (args.size() > 1)
-        return usageError(QStringLiteral("platform lang takes at most one language code"));
-    if (args.size() == 1) {
+    if (args.has(QStringLiteral("CODE"))) {
+        const QString code = args.text(QStringLiteral("CODE"));
         const QStringList known = ZorHost::systemLanguages();
-        if (!known.contains(args.first()))
-            return usageError(QStringLiteral("unknown language code '%1'; known: %2")
-                                  .arg(args.first(), known.join(QLatin1Char(' '))));
-        if (!ZorHost::setSystemLanguage(args.first()))
-            return failure(QStringLiteral("cannot set the system language: %1").arg(writeError()));
+        if (!known.contains(code))
+            return usage(QStringLiteral("unknown language code '%1'%2; known: %3")
+                             .arg(code, didYouMean(code, known), known.join(QLatin1Char(' '))));
+        if (!ZorHost::setSystemLanguage(code))
+            return fail(QStringLiteral("cannot set the system language to %1: %2").arg(code, osError()));
     }
-    printLanguage();
+    const int id = UTIL_Language::getSystemLanguageId();
+    out.field(QStringLiteral("code"), UTIL_Language::getSystemLanguageCode());
+    out.field(QStringLiteral("id"), id);
+    out.field(QStringLiteral("name"), UTIL_Language::getSystemLanguageString());
+    out.field(QStringLiteral("cb_language"), UTIL_Language::getLanguageIndexByLanId(id));
     return ExitOk;
 }
 
-const FamilyRegistration registration(
+const VerbRegistration registration(
     QStringLiteral("platform"), QString(),
     {
-        {QStringLiteral("flexbit"), QStringLiteral("[NUMBER [on|off|unset]]"),
-         QStringLiteral("list the flex bits, show one, or set it (unset: it can no longer be read)"), flexbit},
-        {QStringLiteral("feature"), QStringLiteral("[ID [on|off]]"),
-         QStringLiteral("list the feature ids, show one, or make it available or not"), feature},
-        {QStringLiteral("lang"), QStringLiteral("[CODE]"),
-         QStringLiteral("show the system language, or make CODE (e.g. de-de) the system language"), lang},
+        Verb(QStringLiteral("flexbit"), QStringLiteral("list the flex bits, show one, or set or unset it"), flexbit)
+            .arg(integer(QStringLiteral("NUMBER"), INT_MIN, INT_MAX, QStringLiteral("the flex bit")).optional())
+            .arg(boolean(QStringLiteral("BOOL"), QStringLiteral("the new setting")).optional())
+            .arg(flag(QStringLiteral("--unset"), QStringLiteral("take the bit out of the table: it can no longer be read")))
+            .writesWhenGiven(QStringLiteral("BOOL"))
+            .fields(QStringLiteral("flex_bits (object: number to boolean); for one bit: number, on (boolean, null when unset)")),
+        Verb(QStringLiteral("feature"), QStringLiteral("list the feature ids, show one, or make it available or not"), feature)
+            .arg(integer(QStringLiteral("ID"), INT_MIN, INT_MAX, QStringLiteral("the feature id")).optional())
+            .arg(boolean(QStringLiteral("BOOL"), QStringLiteral("whether it is available")).optional())
+            .writesWhenGiven(QStringLiteral("BOOL"))
+            .fields(QStringLiteral("features (object: id to boolean); for one feature: id, available (boolean)")),
+        Verb(QStringLiteral("lang"), QStringLiteral("show the system language, or make CODE (e.g. de-de) the system language"), lang)
+            .arg(text(QStringLiteral("CODE"), QStringLiteral("a system language code")).optional())
+            .writesWhenGiven(QStringLiteral("CODE"))
+            .fields(QStringLiteral("code (text), id (number), name (text), cb_language (number)")),
     });
 
 } // namespace

@@ -1,11 +1,10 @@
 // msgctr settings quicktexts and push: the messaging settings that are more than one key, through the
 // settings object, so that its checks and reports apply.
-#include "Command.h"
 #include "LibraryReports.h"
+#include "Verb.h"
 
 #include "MSGCTR_ENG_SetupInfo.h"
 
-#include <climits>
 #include <vector>
 
 namespace msgctr {
@@ -14,45 +13,37 @@ namespace {
 using Info = MSGCTR_ENG_SetupInfo;
 using Pair = Info::WAP_PPG_INFO_S;
 
-void printTexts(const QStringList& texts)
+int quicktexts(const Args& args, Output& out)
 {
-    if (texts.isEmpty())
-        out(QStringLiteral("(no quick texts)"));
-    for (int i = 0; i < texts.size(); ++i)
-        out(QStringLiteral("%1: %2").arg(i + 1).arg(texts.at(i)));
-}
-
-int quicktexts(const QStringList& args)
-{
-    QStringList rest = args;
-    const bool user = rest.removeAll(QStringLiteral("--user")) > 0;
+    const bool user = args.has(QStringLiteral("--user"));
     Info info(MSGCTR_ENG_Setup::FLUSH_MODE__FLUSH);
-    if (rest.isEmpty()) {
-        QStringList texts;
+    QStringList texts;
+    if (!args.has(QStringLiteral("ACTION"))) {
+        if (args.has(QStringLiteral("TEXT")))
+            return usage(QStringLiteral("settings quicktexts takes [--user] [set TEXT...], not '%1'")
+                             .arg(args.texts(QStringLiteral("TEXT")).first()));
         if (user)
             info.getUserDefinedQuickTexts(&texts);
         else
             info.getDefaultQuickTexts(&texts);
-        printTexts(texts);
+        out.field(QStringLiteral("quick_texts"), QJsonArray::fromStringList(texts));
         return ExitOk;
     }
-    if (rest.first() != QLatin1String("set"))
-        return usageError(QStringLiteral("settings quicktexts takes [--user] [set TEXT...], not '%1'").arg(rest.first()));
     if (!user)
-        return usageError(QStringLiteral("the default quick texts come from the language's resource file: use --user set"));
-    const QStringList texts = rest.mid(1);
+        return usage(QStringLiteral("the default quick texts come from the language's resource file: use --user set"));
+    texts = args.texts(QStringLiteral("TEXT"));
     // The library refuses a longer list without an error code; say so rather than pretend it was stored.
     if (texts.size() > Info::getMaximumPermitCountOfUserDefineQuickTexts()) {
         info.setUserDefinedQuickTexts(texts);
-        return failure(QStringLiteral("at most %1 quick texts of your own; nothing was stored")
-                           .arg(Info::getMaximumPermitCountOfUserDefineQuickTexts()));
+        return fail(QStringLiteral("at most %1 quick texts of your own; nothing was stored")
+                        .arg(Info::getMaximumPermitCountOfUserDefineQuickTexts()));
     }
     const MSGCTR_ERRCODE code = info.setUserDefinedQuickTexts(texts);
     if (MSGCTR_ERRCODE_IS_ERROR(code))
-        return failure(QStringLiteral("the quick texts were not stored: error %1").arg(code));
+        return libraryFailure(QStringLiteral("MSGCTR_ENG_SetupInfo::setUserDefinedQuickTexts"), code);
     QStringList stored;
     info.getUserDefinedQuickTexts(&stored);
-    printTexts(stored);
+    out.field(QStringLiteral("quick_texts"), QJsonArray::fromStringList(stored));
     return ExitOk;
 }
 
@@ -69,13 +60,13 @@ const NamedValue kSecurityTypes[] = {{"ask", Info::PUSH_SL_SECURITY_ASK},
                                      {"deny", Info::PUSH_SL_SECURITY_DENY}};
 
 template <size_t N>
-QString valueText(const NamedValue (&names)[N], int value)
+QString valueName(const NamedValue (&names)[N], int value)
 {
     for (const NamedValue& n : names) {
         if (n.value == value)
-            return QStringLiteral("%1 (%2)").arg(value).arg(QLatin1String(n.name));
+            return QLatin1String(n.name);
     }
-    return QStringLiteral("%1 (out of range)").arg(value);
+    return QStringLiteral("out of range");
 }
 
 // A name of the table or any int: the library reports out-of-range values and stores them all the same.
@@ -88,58 +79,59 @@ bool parseValue(const NamedValue (&names)[N], const QString& text, int* value)
             return true;
         }
     }
-    qlonglong number = 0;
-    if (!parseInteger(text, &number) || number < INT_MIN || number > INT_MAX)
-        return false;
-    *value = int(number);
-    return true;
+    bool ok = false;
+    *value = text.toInt(&ok, 10);
+    return ok;
 }
 
-QString pairsText(const std::vector<Pair>& pairs)
+QJsonArray pairsJson(const std::vector<Pair>& pairs)
 {
-    if (pairs.empty())
-        return QStringLiteral("(none)");
-    QStringList texts;
+    QJsonArray list;
     for (const Pair& pair : pairs)
-        texts.append(pair.m_strSmsc + QLatin1Char(',') + pair.m_strPpg);
-    return texts.join(QLatin1Char(' '));
+        list.append(QJsonObject{{QStringLiteral("smsc"), pair.m_strSmsc}, {QStringLiteral("gateway"), pair.m_strPpg}});
+    return list;
 }
 
-void printPush(Info& info, const QString& what)
+void showPush(Info& info, const QString& what, Output& out)
 {
     const bool all = what.isEmpty();
-    if (all || what == QLatin1String("mode"))
-        out(QStringLiteral("mode %1").arg(valueText(kModes, info.getWapAllowedPushSmscMode())));
-    if (all || what == QLatin1String("security"))
-        out(QStringLiteral("security %1").arg(valueText(kSecurityTypes, info.getPushSerLoadingSecurityType())));
+    if (all || what == QLatin1String("mode")) {
+        const int mode = info.getWapAllowedPushSmscMode();
+        out.field(QStringLiteral("mode"), mode).field(QStringLiteral("mode_name"), valueName(kModes, mode));
+    }
+    if (all || what == QLatin1String("security")) {
+        const int security = info.getPushSerLoadingSecurityType();
+        out.field(QStringLiteral("security"), security).field(QStringLiteral("security_name"), valueName(kSecurityTypes, security));
+    }
     if (all || what == QLatin1String("pairs"))
-        out(QStringLiteral("pairs %1").arg(pairsText(info.getWapAllowedPpgS())));
+        out.field(QStringLiteral("pairs"), pairsJson(info.getWapAllowedPpgS()));
     if (all || what == QLatin1String("whitelist")) {
-        out(QStringLiteral("whitelist %1").arg(pairsText(info.getWapWhitelistPairS())));
-        out(QStringLiteral("browser filter \"%1\"").arg(info.getOperaPushWhitelist()));
+        out.field(QStringLiteral("whitelist"), pairsJson(info.getWapWhitelistPairS()));
+        out.field(QStringLiteral("browser_filter"), info.getOperaPushWhitelist());
     }
 }
 
-int push(const QStringList& args)
+int push(const Args& args, Output& out)
 {
     Info info(MSGCTR_ENG_Setup::FLUSH_MODE__FLUSH);
-    if (args.isEmpty()) {
-        printPush(info, QString());
-        return ExitOk;
-    }
-    const QString what = args.first();
-    const QStringList values = args.mid(1);
+    const QString what = args.text(QStringLiteral("WHAT"));
+    const QStringList values = args.texts(QStringLiteral("VALUE"));
+    if (what.isEmpty() && !values.isEmpty())
+        return usage(QStringLiteral("settings push takes mode, security, pairs or whitelist before a VALUE"));
     MSGCTR_ERRCODE code = MSGCTR_ERRCODE__SUCCESS;
+    QString operation;
     if (what == QLatin1String("mode") || what == QLatin1String("security")) {
         if (values.size() > 1)
-            return usageError(QStringLiteral("settings push %1 takes at most one VALUE").arg(what));
+            return usage(QStringLiteral("settings push %1 takes at most one VALUE").arg(what));
         if (values.size() == 1) {
             int value = 0;
             const bool mode = what == QLatin1String("mode");
             if (!(mode ? parseValue(kModes, values.first(), &value) : parseValue(kSecurityTypes, values.first(), &value)))
-                return usageError(mode ? QStringLiteral("'%1' is not off, all, restricted or a number").arg(values.first())
-                                       : QStringLiteral("'%1' is not ask, allow, deny or a number").arg(values.first()));
+                return usage(mode ? QStringLiteral("'%1' is not off, all, restricted or a number").arg(values.first())
+                                  : QStringLiteral("'%1' is not ask, allow, deny or a number").arg(values.first()));
             code = mode ? info.setWapAllowedPushSmscMode(value) : info.setPushSerLoadingSecurityType(value);
+            operation = mode ? QStringLiteral("MSGCTR_ENG_SetupInfo::setWapAllowedPushSmscMode")
+                             : QStringLiteral("MSGCTR_ENG_SetupInfo::setPushSerLoadingSecurityType");
         }
     } else if (what == QLatin1String("pairs")) {
         if (!values.isEmpty()) {
@@ -147,35 +139,50 @@ int push(const QStringList& args)
             for (const QString& value : values) {
                 const QStringList fields = value.split(QLatin1Char(','));
                 if (fields.size() != 2)
-                    return usageError(QStringLiteral("'%1' is not a pair SMSC,GATEWAY").arg(value));
+                    return usage(QStringLiteral("'%1' is not a pair SMSC,GATEWAY").arg(value));
                 Pair pair;
                 pair.m_strSmsc = fields.at(0);
                 pair.m_strPpg = fields.at(1);
                 pairs.push_back(pair);
             }
             code = info.setWapAllowedPpgS(pairs);
+            operation = QStringLiteral("MSGCTR_ENG_SetupInfo::setWapAllowedPpgS");
         }
-    } else if (what == QLatin1String("whitelist")) {
-        if (!values.isEmpty())
-            return usageError(QStringLiteral("settings push whitelist takes nothing: its keys are the product's"));
-    } else {
-        return usageError(QStringLiteral("settings push takes mode, security, pairs or whitelist, not '%1'").arg(what));
+    } else if (what == QLatin1String("whitelist") && !values.isEmpty()) {
+        return usage(QStringLiteral("settings push whitelist takes nothing: its keys are the product's"));
     }
     if (MSGCTR_ERRCODE_IS_ERROR(code))
-        return failure(QStringLiteral("the push settings were not stored: error %1").arg(code));
-    printPush(info, what);
+        return libraryFailure(operation, code);
+    showPush(info, what, out);
     return ExitOk;
 }
 
-const FamilyRegistration registration(
+const VerbRegistration registration(
     QStringLiteral("settings"), QString(),
     {
-        {QStringLiteral("quicktexts"), QStringLiteral("[--user] [set TEXT...] [--trace]"),
-         QStringLiteral("the system language's quick texts, or with --user your own (set: at most 20)"),
-         withReports(quicktexts)},
-        {QStringLiteral("push"), QStringLiteral("[mode [VALUE]|security [VALUE]|pairs [SMSC,GATEWAY...]|whitelist] [--trace]"),
-         QStringLiteral("the WAP push settings: mode, security, allowed pairs, whitelist and browser filter"),
-         withReports(push)},
+        Verb(QStringLiteral("quicktexts"),
+             QStringLiteral("the system language's quick texts, or with --user your own (set: at most 20)"),
+             withReports(quicktexts))
+            .arg(flag(QStringLiteral("--user"), QStringLiteral("your own quick texts instead of the language's")))
+            .arg(choice(QStringLiteral("ACTION"), {QStringLiteral("set")},
+                        QStringLiteral("replace your own quick texts (with --user)")).optional())
+            .arg(text(QStringLiteral("TEXT"), QStringLiteral("the quick texts, in order")).repeated().optional())
+            .arg(traceFlag())
+            .writesWhenGiven(QStringLiteral("ACTION"))
+            .fields(QStringLiteral("quick_texts (list of texts)")),
+        Verb(QStringLiteral("push"),
+             QStringLiteral("the WAP push settings: mode, security, allowed pairs, whitelist and browser filter"),
+             withReports(push))
+            .arg(choice(QStringLiteral("WHAT"), {QStringLiteral("mode"), QStringLiteral("security"), QStringLiteral("pairs"),
+                                                 QStringLiteral("whitelist")},
+                        QStringLiteral("only this setting")).optional())
+            .arg(text(QStringLiteral("VALUE"), QStringLiteral("set it first: off, all, restricted or a number (mode); "
+                                                              "ask, allow, deny or a number (security); SMSC,GATEWAY "
+                                                              "pairs (pairs)")).repeated().optional())
+            .arg(traceFlag())
+            .writesWhenGiven(QStringLiteral("VALUE"))
+            .fields(QStringLiteral("mode (number), mode_name (text), security (number), security_name (text), "
+                                   "pairs and whitelist (lists of {smsc (text), gateway (text)}), browser_filter (text)")),
     });
 
 } // namespace

@@ -1,5 +1,5 @@
 // msgctr tapi: the simulated modem and SIM card, shown and changed as a person would on a phone.
-#include "Command.h"
+#include "Verb.h"
 
 #include "TAPI.h"
 #include "ZorHostControl.h"
@@ -10,49 +10,6 @@
 
 namespace msgctr {
 namespace {
-
-QString resultText(int result)
-{
-    switch (result) {
-    case TAPI_RESULT_IO_ERROR: return QStringLiteral("the modem's storage could not be read or written");
-    case TAPI_RESULT_NO_MEMORY: return QStringLiteral("out of memory");
-    case TAPI_RESULT_ACCESS_DENIED: return QStringLiteral("the SIM refuses the change");
-    case TAPI_RESULT_INVALID_PARAM: return QStringLiteral("invalid argument");
-    case TAPI_RESULT_LIST_FULL: return QStringLiteral("the list is full");
-    case TAPI_RESULT_NOT_SUPPORTED: return QStringLiteral("not supported by the modem or SIM");
-    case TAPI_RESULT_SIM_NOT_READY: return QStringLiteral("no usable SIM card");
-    case TAPI_RESULT_NOT_FOUND: return QStringLiteral("not found");
-    default: return QStringLiteral("telephony failure");
-    }
-}
-
-int tapiFailure(const char* function, int result)
-{
-    return failure(QStringLiteral("%1 failed with result %2 (%3)").arg(QLatin1String(function)).arg(result).arg(resultText(result)));
-}
-
-bool parseRange(const QString& text, qlonglong lo, qlonglong hi, qlonglong* value)
-{
-    return parseInteger(text, value) && *value >= lo && *value <= hi;
-}
-
-int rangeError(const QString& what, const QString& text, qlonglong lo, qlonglong hi)
-{
-    return usageError(QStringLiteral("%1 must be a number from %2 to %3, not '%4'").arg(what).arg(lo).arg(hi).arg(text));
-}
-
-bool parseOnOff(const QString& text, bool* on)
-{
-    if (text == QLatin1String("on") || text == QLatin1String("1") || text == QLatin1String("yes")) {
-        *on = true;
-        return true;
-    }
-    if (text == QLatin1String("off") || text == QLatin1String("0") || text == QLatin1String("no")) {
-        *on = false;
-        return true;
-    }
-    return false;
-}
 
 // A telephone number as the platform takes it: Latin-1, at most 41 characters.
 bool toNumberBuffer(const QString& text, char* buffer, QString* problem)
@@ -105,354 +62,371 @@ QString fromNumberBuffer(const char* buffer)
     return QString::fromLatin1(buffer, qsizetype(strnlen(buffer, TAPI_PHONE_NUMBER_LEN)));
 }
 
-int show(const QStringList& args)
+// A value of the state file: quoted texts with \" \\ \xHH \uHHHH escapes, whole numbers, or anything else as is.
+QJsonValue stateValue(const QString& value)
 {
-    if (!args.isEmpty())
-        return usageError(QStringLiteral("tapi show takes no arguments"));
+    bool isInt = false;
+    const qlonglong number = value.toLongLong(&isInt);
+    if (isInt)
+        return QJsonValue(number);
+    if (value.size() < 2 || !value.startsWith(QLatin1Char('"')) || !value.endsWith(QLatin1Char('"')))
+        return value;
+    QString text;
+    for (qsizetype i = 1; i + 1 < value.size(); ++i) {
+        const QChar c = value.at(i);
+        if (c != QLatin1Char('\\') || i + 2 >= value.size()) {
+            text += c;
+            continue;
+        }
+        const QChar kind = value.at(++i);
+        const int digits = kind == QLatin1Char('x') ? 2 : kind == QLatin1Char('u') ? 4 : 0;
+        if (digits == 0) {
+            text += kind;
+            continue;
+        }
+        text += QChar(char16_t(value.mid(i + 1, digits).toUShort(nullptr, 16)));
+        i += digits;
+    }
+    return text;
+}
+
+int show(const Args&, Output& out)
+{
+    // The state is read through the platform first, so that an unreadable state is a failure, not the factory state.
+    _TAPI_SIM_STATUS_E status = TAPI_SIM_STATUS_NO_CARD;
+    const int r = TAPI_ACCE_GetSimCardStatus(&status);
+    if (r == TAPI_RESULT_IO_ERROR)
+        return tapiFailure(QStringLiteral("TAPI_ACCE_GetSimCardStatus"), r);
     const QStringList lines = ZorHost::tapiStateText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString& line : lines)
-        if (!line.startsWith(QLatin1Char('#')))
-            out(line);
+    for (const QString& line : lines) {
+        const qsizetype equals = line.indexOf(QStringLiteral(" ="));
+        if (line.startsWith(QLatin1Char('#')) || equals < 0)
+            continue;
+        out.field(line.left(equals), stateValue(line.mid(equals + 2).trimmed()));
+    }
     return ExitOk;
 }
 
-int numberVerb(const QStringList& args, const char* verb, const char* what, int (*get)(char*), const char* getName,
-               int (*set)(const char*), const char* setName)
+int emailGateway(const Args& args, Output& out)
 {
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi %1 takes at most one NUMBER").arg(QLatin1String(verb)));
-    if (args.isEmpty()) {
-        char buffer[TAPI_PHONE_NUMBER_LEN] = {};
-        const int r = get(buffer);
+    char buffer[TAPI_PHONE_NUMBER_LEN] = {};
+    if (args.has(QStringLiteral("NUMBER"))) {
+        QString problem;
+        if (!toNumberBuffer(args.text(QStringLiteral("NUMBER")), buffer, &problem))
+            return usage(problem);
+        const int r = TAPI_SMS_SetEmailGateway(buffer);
         if (r != TAPI_RESULT_SUCC)
-            return tapiFailure(getName, r);
-        out(fromNumberBuffer(buffer));
-        return ExitOk;
+            return tapiFailure(QStringLiteral("TAPI_SMS_SetEmailGateway"), r);
     }
-    char buffer[TAPI_PHONE_NUMBER_LEN];
-    QString problem;
-    if (!toNumberBuffer(args.first(), buffer, &problem))
-        return usageError(problem);
-    const int r = set(buffer);
+    const int r = TAPI_SMS_GetEmailGateway(buffer);
     if (r != TAPI_RESULT_SUCC)
-        return tapiFailure(setName, r);
-    out(QStringLiteral("%1 set to '%2'").arg(QLatin1String(what), args.first()));
+        return tapiFailure(QStringLiteral("TAPI_SMS_GetEmailGateway"), r);
+    out.field(QStringLiteral("email_gateway"), fromNumberBuffer(buffer));
     return ExitOk;
 }
 
-int emailGateway(const QStringList& args)
+QString simStatusName(int status)
 {
-    return numberVerb(args, "email-gateway", "e-mail gateway", TAPI_SMS_GetEmailGateway, "TAPI_SMS_GetEmailGateway",
-                      TAPI_SMS_SetEmailGateway, "TAPI_SMS_SetEmailGateway");
+    switch (status) {
+    case TAPI_SIM_STATUS_NO_CARD: return QStringLiteral("no card");
+    case TAPI_SIM_STATUS_PIN_REQUIRED: return QStringLiteral("PIN required");
+    case TAPI_SIM_STATUS_PUK_REQUIRED: return QStringLiteral("PUK required");
+    case TAPI_SIM_STATUS_SIM_READY: return QStringLiteral("SIM ready");
+    case TAPI_SIM_STATUS_USIM_READY: return QStringLiteral("USIM ready");
+    case TAPI_SIM_STATUS_BLOCKED: return QStringLiteral("blocked");
+    case TAPI_SIM_STATUS_INITIALIZING: return QStringLiteral("initialising");
+    default: return QStringLiteral("unknown");
+    }
 }
 
-int simStatus(const QStringList& args)
+int simStatus(const Args& args, Output& out)
 {
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi sim-status takes at most one STATUS"));
-    if (args.isEmpty()) {
-        _TAPI_SIM_STATUS_E status = TAPI_SIM_STATUS_NO_CARD;
-        const int r = TAPI_ACCE_GetSimCardStatus(&status);
-        if (r != TAPI_RESULT_SUCC)
-            return tapiFailure("TAPI_ACCE_GetSimCardStatus", r);
-        const int s = int(status);
-        out(s == 3 ? QStringLiteral("3 (SIM ready)") : s == 4 ? QStringLiteral("4 (USIM ready)")
-                                                             : QStringLiteral("%1 (no usable card)").arg(s));
-        return ExitOk;
-    }
-    qlonglong status = 0;
-    if (!parseRange(args.first(), -2147483647LL - 1, 2147483647LL, &status))
-        return usageError(QStringLiteral("the SIM status must be a number (3 SIM ready, 4 USIM ready), not '%1'").arg(args.first()));
-    if (!ZorHost::setSimCardStatus(int(status)))
-        return failure(QStringLiteral("the SIM status could not be stored under %1").arg(ZorHost::root()));
-    out(QStringLiteral("SIM status set to %1").arg(status));
-    return ExitOk;
-}
-
-int service(const QStringList& args)
-{
-    if (args.isEmpty() || args.size() > 2)
-        return usageError(QStringLiteral("tapi service takes an ID and optionally on or off"));
-    qlonglong id = 0;
-    if (!parseRange(args.first(), -2147483647LL - 1, 2147483647LL, &id))
-        return usageError(QStringLiteral("'%1' is not a service id (2348 mailbox numbers, 2349 message waiting)").arg(args.first()));
-    if (args.size() == 1) {
-        out(TAPI_FTRDB_GetAvailability(int(id)) ? QStringLiteral("available") : QStringLiteral("not available"));
-        return ExitOk;
-    }
-    bool on = false;
-    if (!parseOnOff(args.at(1), &on))
-        return usageError(QStringLiteral("service availability must be on or off, not '%1'").arg(args.at(1)));
-    if (!ZorHost::setTapiServiceAvailable(int(id), on))
-        return failure(QStringLiteral("the service could not be stored under %1").arg(ZorHost::root()));
-    out(QStringLiteral("service %1 %2").arg(id).arg(on ? QStringLiteral("available") : QStringLiteral("not available")));
-    return ExitOk;
-}
-
-int cbState(const QStringList& args)
-{
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi cb-state takes at most one STATE"));
-    if (args.isEmpty()) {
-        unsigned char state = 0;
-        const int r = TAPI_CB_GetStatus(&state);
-        if (r != TAPI_RESULT_SUCC)
-            return tapiFailure("TAPI_CB_GetStatus", r);
-        out(QString::number(state));
-        return ExitOk;
-    }
-    qlonglong state = 0;
-    if (!parseRange(args.first(), 0, 255, &state))
-        return rangeError(QStringLiteral("the cell-broadcast state"), args.first(), 0, 255);
-    const int r = TAPI_CB_SetStatus(static_cast<unsigned char>(state));
+    if (args.has(QStringLiteral("STATUS")) && !ZorHost::setSimCardStatus(int(args.number(QStringLiteral("STATUS")))))
+        return fail(QStringLiteral("the SIM status could not be stored under %1").arg(ZorHost::root()));
+    _TAPI_SIM_STATUS_E status = TAPI_SIM_STATUS_NO_CARD;
+    const int r = TAPI_ACCE_GetSimCardStatus(&status);
     if (r != TAPI_RESULT_SUCC)
-        return tapiFailure("TAPI_CB_SetStatus", r);
-    out(QStringLiteral("cell-broadcast state set to %1").arg(state));
+        return tapiFailure(QStringLiteral("TAPI_ACCE_GetSimCardStatus"), r);
+    out.field(QStringLiteral("sim_status"), int(status));
+    out.field(QStringLiteral("meaning"), simStatusName(int(status)));
     return ExitOk;
 }
 
-int channels(const QStringList& args)
+int service(const Args& args, Output& out)
 {
-    if (!args.isEmpty())
-        return usageError(QStringLiteral("tapi channels takes no arguments"));
+    const int id = int(args.number(QStringLiteral("ID")));
+    if (args.has(QStringLiteral("BOOL")) && !ZorHost::setTapiServiceAvailable(id, args.boolean(QStringLiteral("BOOL"))))
+        return fail(QStringLiteral("the service could not be stored under %1").arg(ZorHost::root()));
+    out.field(QStringLiteral("service"), id);
+    out.field(QStringLiteral("available"), TAPI_FTRDB_GetAvailability(id) != 0);
+    return ExitOk;
+}
+
+int cbState(const Args& args, Output& out)
+{
+    if (args.has(QStringLiteral("STATE"))) {
+        const int r = TAPI_CB_SetStatus(static_cast<unsigned char>(args.number(QStringLiteral("STATE"))));
+        if (r != TAPI_RESULT_SUCC)
+            return tapiFailure(QStringLiteral("TAPI_CB_SetStatus"), r);
+    }
+    unsigned char state = 0;
+    const int r = TAPI_CB_GetStatus(&state);
+    if (r != TAPI_RESULT_SUCC)
+        return tapiFailure(QStringLiteral("TAPI_CB_GetStatus"), r);
+    out.field(QStringLiteral("cb_state"), int(state));
+    return ExitOk;
+}
+
+int channels(const Args&, Output& out)
+{
     int count = 0;
     unsigned short* list = nullptr;
     const int r = TAPI_CB_GetChannelsEx(&count, &list);
-    QStringList numbers;
+    QJsonArray numbers;
     if (r == TAPI_RESULT_SUCC && list)
         for (int i = 0; i < count; ++i)
-            numbers << QString::number(list[i]);
+            numbers.append(int(list[i]));
     std::free(list);
     if (r != TAPI_RESULT_SUCC)
-        return tapiFailure("TAPI_CB_GetChannelsEx", r);
-    out(numbers.isEmpty() ? QStringLiteral("no channels") : numbers.join(QLatin1Char(' ')));
+        return tapiFailure(QStringLiteral("TAPI_CB_GetChannelsEx"), r);
+    out.field(QStringLiteral("channels"), numbers);
     return ExitOk;
 }
 
-int channelChange(const QStringList& args, bool add)
+int channelChange(const Args& args, Output& out, bool add)
 {
-    const QString verb = add ? QStringLiteral("channel-add") : QStringLiteral("channel-del");
-    if (args.size() != 1)
-        return usageError(QStringLiteral("tapi %1 takes one CHANNEL").arg(verb));
-    qlonglong channel = 0;
-    if (!parseRange(args.first(), 0, 65534, &channel))
-        return rangeError(QStringLiteral("a channel"), args.first(), 0, 65534);
+    const int channel = int(args.number(QStringLiteral("CHANNEL")));
     const int r = add ? TAPI_CB_AddChannel(static_cast<unsigned short>(channel))
                       : TAPI_CB_DeleteChannel(static_cast<unsigned short>(channel));
     if (r != TAPI_RESULT_SUCC)
-        return tapiFailure(add ? "TAPI_CB_AddChannel" : "TAPI_CB_DeleteChannel", r);
-    out(QStringLiteral("channel %1 %2").arg(channel).arg(add ? QStringLiteral("added") : QStringLiteral("deleted")));
-    return ExitOk;
+        return tapiFailure(add ? QStringLiteral("TAPI_CB_AddChannel") : QStringLiteral("TAPI_CB_DeleteChannel"), r);
+    return channels(args, out);
 }
 
-int languageSlots(const QStringList& args)
+bool languageSlots(QJsonArray* languages, int* result)
 {
-    if (args.size() == 1 || args.size() > 2)
-        return usageError(QStringLiteral("tapi slots takes nothing, or a SLOT and a LANGUAGE code"));
-    if (args.isEmpty()) {
-        int count = 0;
-        unsigned char* list = nullptr;
-        const int r = TAPI_CB_GetLanguagesEx(&count, &list);
-        QStringList lines;
-        if (r == TAPI_RESULT_SUCC && list)
-            for (int i = 0; i < count; ++i)
-                lines << QStringLiteral("slot %1: %2").arg(i).arg(list[i]);
-        std::free(list);
+    int count = 0;
+    unsigned char* list = nullptr;
+    *result = TAPI_CB_GetLanguagesEx(&count, &list);
+    if (*result == TAPI_RESULT_SUCC && list)
+        for (int i = 0; i < count; ++i)
+            languages->append(int(list[i]));
+    std::free(list);
+    return *result == TAPI_RESULT_SUCC;
+}
+
+int languageSlotsVerb(const Args& args, Output& out)
+{
+    QJsonArray languages;
+    int r = TAPI_RESULT_SUCC;
+    if (!languageSlots(&languages, &r))
+        return tapiFailure(QStringLiteral("TAPI_CB_GetLanguagesEx"), r);
+    if (args.has(QStringLiteral("SLOT"))) {
+        if (!args.has(QStringLiteral("LANGUAGE")))
+            return usage(QStringLiteral("tapi slots needs a LANGUAGE after the SLOT"));
+        const int slot = int(args.number(QStringLiteral("SLOT")));
+        if (slot >= languages.size())
+            return fail(languages.isEmpty() ? QStringLiteral("slot %1 does not exist (there are no slots)").arg(slot)
+                                            : QStringLiteral("slot %1 does not exist (0-%2)").arg(slot).arg(languages.size() - 1));
+        r = TAPI_CB_SetLanguage(static_cast<unsigned short>(slot), static_cast<unsigned char>(args.number(QStringLiteral("LANGUAGE"))));
         if (r != TAPI_RESULT_SUCC)
-            return tapiFailure("TAPI_CB_GetLanguagesEx", r);
-        if (lines.isEmpty())
-            out(QStringLiteral("no language slots"));
-        for (const QString& l : lines)
-            out(l);
-        return ExitOk;
+            return tapiFailure(QStringLiteral("TAPI_CB_SetLanguage"), r);
+        languages = QJsonArray();
+        if (!languageSlots(&languages, &r))
+            return tapiFailure(QStringLiteral("TAPI_CB_GetLanguagesEx"), r);
     }
-    qlonglong slot = 0;
-    qlonglong language = 0;
-    if (!parseRange(args.at(0), 0, 65535, &slot))
-        return rangeError(QStringLiteral("a slot"), args.at(0), 0, 65535);
-    if (!parseRange(args.at(1), 0, 255, &language))
-        return rangeError(QStringLiteral("a language code"), args.at(1), 0, 255);
-    const int r = TAPI_CB_SetLanguage(static_cast<unsigned short>(slot), static_cast<unsigned char>(language));
-    if (r != TAPI_RESULT_SUCC)
-        return tapiFailure("TAPI_CB_SetLanguage", r);
-    out(QStringLiteral("slot %1 set to %2").arg(slot).arg(language));
+    out.field(QStringLiteral("language_slots"), languages);
     return ExitOk;
 }
 
-int slotCount(const QStringList& args)
+int slotCount(const Args& args, Output& out)
 {
-    if (args.size() != 1)
-        return usageError(QStringLiteral("tapi slot-count takes one COUNT"));
-    qlonglong count = 0;
-    if (!parseRange(args.first(), 0, 255, &count))
-        return rangeError(QStringLiteral("the number of slots"), args.first(), 0, 255);
-    if (!ZorHost::setCbLanguageSlotCount(int(count)))
-        return failure(QStringLiteral("the slots could not be stored under %1").arg(ZorHost::root()));
-    out(QStringLiteral("%1 language slots").arg(count));
-    return ExitOk;
+    if (!ZorHost::setCbLanguageSlotCount(int(args.number(QStringLiteral("COUNT")))))
+        return fail(QStringLiteral("the slots could not be stored under %1").arg(ZorHost::root()));
+    return languageSlotsVerb(Args(), out);
 }
 
-// Shared by the GSM phase 2+ mailboxes (by type) and the CPHS voice mailboxes (by line).
-int mailboxVerb(const QStringList& args, bool cphs)
+// Shared by the GSM phase 2+ mailboxes (by type) and the CPHS voice mailboxes (by line). A value not given
+// is left as it is.
+int mailboxVerb(const Args& args, Output& out, bool cphs)
 {
-    const QString verb = cphs ? QStringLiteral("cphs-mailbox") : QStringLiteral("mailbox");
-    if (args.isEmpty() || args.size() > 3)
-        return usageError(cphs ? QStringLiteral("tapi cphs-mailbox takes a LINE (1 or 2) and optionally NUMBER and NAME")
-                               : QStringLiteral("tapi mailbox takes a TYPE (0 voice, 1 fax, 2 e-mail, 3 other) and optionally NUMBER and NAME"));
-    qlonglong index = 0;
-    const qlonglong lo = cphs ? 1 : 0;
-    const qlonglong hi = cphs ? 2 : 3;
-    if (!parseRange(args.first(), lo, hi, &index))
-        return rangeError(cphs ? QStringLiteral("the line") : QStringLiteral("the mailbox type"), args.first(), lo, hi);
+    const QString indexName = cphs ? QStringLiteral("LINE") : QStringLiteral("TYPE");
+    const unsigned char key = static_cast<unsigned char>(args.number(indexName));
+    const QString getName = cphs ? QStringLiteral("TAPI_MAILBOX_CphsGetVoiceMailBox") : QStringLiteral("TAPI_MAILBOX_Gsmr4GetEntry");
     char number[TAPI_PHONE_NUMBER_LEN] = {};
     TAPI_PHONEBOOK_NAME_A name = {};
-    const unsigned char key = static_cast<unsigned char>(index);
-    if (args.size() == 1) {
-        const int r = cphs ? TAPI_MAILBOX_CphsGetVoiceMailBox(key, number, name) : TAPI_MAILBOX_Gsmr4GetEntry(key, number, name);
+    int r = cphs ? TAPI_MAILBOX_CphsGetVoiceMailBox(key, number, name) : TAPI_MAILBOX_Gsmr4GetEntry(key, number, name);
+    if (r != TAPI_RESULT_SUCC)
+        return tapiFailure(getName, r);
+    if (args.has(QStringLiteral("NUMBER"))) {
+        // The getter gives the name in host order; the GSM setter wants it big-endian.
+        const QString newName = args.has(QStringLiteral("NAME")) ? args.text(QStringLiteral("NAME")) : fromNameBuffer(name);
+        QString problem;
+        if (!toNumberBuffer(args.text(QStringLiteral("NUMBER")), number, &problem)
+            || !toNameBuffer(newName, !cphs, name, &problem))
+            return usage(problem);
+        r = cphs ? TAPI_MAILBOX_CphsSetVoiceMailBox(key, number, name) : TAPI_MAILBOX_Gsmr4SetEntry(key, number, name);
         if (r != TAPI_RESULT_SUCC)
-            return tapiFailure(cphs ? "TAPI_MAILBOX_CphsGetVoiceMailBox" : "TAPI_MAILBOX_Gsmr4GetEntry", r);
-        out(QStringLiteral("number: %1").arg(fromNumberBuffer(number)));
-        out(QStringLiteral("name: %1").arg(fromNameBuffer(name)));
-        return ExitOk;
-    }
-    QString problem;
-    if (!toNumberBuffer(args.at(1), number, &problem)
-        || !toNameBuffer(args.size() > 2 ? args.at(2) : QString(), !cphs, name, &problem))
-        return usageError(problem);
-    const int r = cphs ? TAPI_MAILBOX_CphsSetVoiceMailBox(key, number, name) : TAPI_MAILBOX_Gsmr4SetEntry(key, number, name);
-    if (r != TAPI_RESULT_SUCC)
-        return tapiFailure(cphs ? "TAPI_MAILBOX_CphsSetVoiceMailBox" : "TAPI_MAILBOX_Gsmr4SetEntry", r);
-    out(QStringLiteral("%1 %2 set").arg(verb).arg(index));
-    return ExitOk;
-}
-
-int mailCount(const QStringList& args)
-{
-    if (args.isEmpty() || args.size() > 2)
-        return usageError(QStringLiteral("tapi mail-count takes a TYPE (0 to 3) and optionally a COUNT"));
-    qlonglong type = 0;
-    if (!parseRange(args.first(), 0, 3, &type))
-        return rangeError(QStringLiteral("the mailbox type"), args.first(), 0, 3);
-    if (args.size() == 1) {
-        unsigned char count = 0;
-        const int r = TAPI_MAILBOX_Gsmr4GetMailCount(static_cast<unsigned char>(type), &count);
+            return tapiFailure(cphs ? QStringLiteral("TAPI_MAILBOX_CphsSetVoiceMailBox") : QStringLiteral("TAPI_MAILBOX_Gsmr4SetEntry"), r);
+        r = cphs ? TAPI_MAILBOX_CphsGetVoiceMailBox(key, number, name) : TAPI_MAILBOX_Gsmr4GetEntry(key, number, name);
         if (r != TAPI_RESULT_SUCC)
-            return tapiFailure("TAPI_MAILBOX_Gsmr4GetMailCount", r);
-        out(QString::number(count));
-        return ExitOk;
+            return tapiFailure(getName, r);
     }
-    qlonglong count = 0;
-    if (!parseRange(args.at(1), 0, 255, &count))
-        return rangeError(QStringLiteral("the count"), args.at(1), 0, 255);
-    const int r = TAPI_MAILBOX_Gsmr4SetMailCount(static_cast<unsigned char>(type), static_cast<unsigned char>(count));
-    if (r != TAPI_RESULT_SUCC)
-        return tapiFailure("TAPI_MAILBOX_Gsmr4SetMailCount", r);
-    out(QStringLiteral("mailbox %1 count set to %2").arg(type).arg(count));
+    out.field(cphs ? QStringLiteral("line") : QStringLiteral("type"), int(key));
+    out.field(QStringLiteral("number"), fromNumberBuffer(number));
+    out.field(QStringLiteral("name"), fromNameBuffer(name));
     return ExitOk;
 }
 
-int waiting(const QStringList& args)
+int mailCount(const Args& args, Output& out)
 {
-    if (args.isEmpty() || args.size() > 2)
-        return usageError(QStringLiteral("tapi waiting takes a LINE (0 or 1) and optionally on or off"));
-    qlonglong line = 0;
-    if (!parseRange(args.first(), 0, 1, &line))
-        return rangeError(QStringLiteral("the line"), args.first(), 0, 1);
-    if (args.size() == 1) {
-        out(ZorHost::cphsMessageWaitingFlag(int(line)) ? QStringLiteral("waiting") : QStringLiteral("not waiting"));
-        return ExitOk;
-    }
-    bool on = false;
-    if (!parseOnOff(args.at(1), &on))
-        return usageError(QStringLiteral("the waiting flag must be on or off, not '%1'").arg(args.at(1)));
-    const int r = TAPI_CPHS_SetMessageWaitingFlag(static_cast<unsigned char>(line), on ? 1 : 0);
-    if (r != TAPI_RESULT_SUCC)
-        return tapiFailure("TAPI_CPHS_SetMessageWaitingFlag", r);
-    out(QStringLiteral("line %1 %2").arg(line).arg(on ? QStringLiteral("waiting") : QStringLiteral("not waiting")));
-    return ExitOk;
-}
-
-int transportMode(const QStringList& args)
-{
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi transport-mode takes at most one MODE (1 off, 2 on)"));
-    if (args.isEmpty()) {
-        unsigned char mode = 0;
-        const int r = TAPI_SMS_GetSmsTransportMode(&mode);
+    const unsigned char type = static_cast<unsigned char>(args.number(QStringLiteral("TYPE")));
+    if (args.has(QStringLiteral("COUNT"))) {
+        const int r = TAPI_MAILBOX_Gsmr4SetMailCount(type, static_cast<unsigned char>(args.number(QStringLiteral("COUNT"))));
         if (r != TAPI_RESULT_SUCC)
-            return tapiFailure("TAPI_SMS_GetSmsTransportMode", r);
-        out(mode == TAPI_SMS_TRANSPORT_GPRS_ON ? QStringLiteral("2 (SMS over GPRS on)") : QStringLiteral("1 (SMS over GPRS off)"));
-        return ExitOk;
+            return tapiFailure(QStringLiteral("TAPI_MAILBOX_Gsmr4SetMailCount"), r);
     }
-    qlonglong mode = 0;
-    if (!parseRange(args.first(), 1, 2, &mode))
-        return rangeError(QStringLiteral("the transport mode"), args.first(), 1, 2);
-    const int r = TAPI_SMS_SetSmsTransportMode(static_cast<unsigned char>(mode));
+    unsigned char count = 0;
+    const int r = TAPI_MAILBOX_Gsmr4GetMailCount(type, &count);
     if (r != TAPI_RESULT_SUCC)
-        return tapiFailure("TAPI_SMS_SetSmsTransportMode", r);
-    out(QStringLiteral("transport mode set to %1").arg(mode));
+        return tapiFailure(QStringLiteral("TAPI_MAILBOX_Gsmr4GetMailCount"), r);
+    out.field(QStringLiteral("type"), int(type));
+    out.field(QStringLiteral("count"), int(count));
     return ExitOk;
 }
 
-int transportSupported(const QStringList& args)
+// Lines are numbered 1 and 2 here as on the phone; the platform's flag call counts them from 0.
+int waiting(const Args& args, Output& out)
 {
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi transport-supported takes at most one of on or off"));
-    if (args.isEmpty()) {
-        out(ZorHost::smsTransportModeSupported() ? QStringLiteral("supported") : QStringLiteral("not supported"));
-        return ExitOk;
+    const int line = int(args.number(QStringLiteral("LINE")));
+    if (args.has(QStringLiteral("BOOL"))) {
+        const int r = TAPI_CPHS_SetMessageWaitingFlag(static_cast<unsigned char>(line - 1), args.boolean(QStringLiteral("BOOL")) ? 1 : 0);
+        if (r != TAPI_RESULT_SUCC)
+            return tapiFailure(QStringLiteral("TAPI_CPHS_SetMessageWaitingFlag"), r);
     }
-    bool on = false;
-    if (!parseOnOff(args.first(), &on))
-        return usageError(QStringLiteral("transport-mode support must be on or off, not '%1'").arg(args.first()));
-    if (!ZorHost::setSmsTransportModeSupported(on))
-        return failure(QStringLiteral("the setting could not be stored under %1").arg(ZorHost::root()));
-    out(on ? QStringLiteral("transport mode supported") : QStringLiteral("transport mode not supported"));
+    out.field(QStringLiteral("line"), line);
+    out.field(QStringLiteral("waiting"), ZorHost::cphsMessageWaitingFlag(line - 1));
     return ExitOk;
 }
 
-int usimRule(const QStringList& args)
+int transportMode(const Args& args, Output& out)
 {
-    if (args.isEmpty() || args.size() > 2)
-        return usageError(QStringLiteral("tapi usim-rule takes a FILE id and optionally a RULE"));
-    qlonglong file = 0;
-    if (!parseRange(args.first(), 0, 255, &file))
-        return rangeError(QStringLiteral("the file id"), args.first(), 0, 255);
-    if (args.size() == 1) {
-        const int rule = ZorHost::usimAccessRule(static_cast<unsigned char>(file));
-        if (rule < 0)
-            return failure(QStringLiteral("the card has no USIM file %1").arg(file));
-        out(QString::number(rule));
-        return ExitOk;
+    if (args.has(QStringLiteral("MODE"))) {
+        const int r = TAPI_SMS_SetSmsTransportMode(static_cast<unsigned char>(args.number(QStringLiteral("MODE"))));
+        if (r != TAPI_RESULT_SUCC)
+            return tapiFailure(QStringLiteral("TAPI_SMS_SetSmsTransportMode"), r);
     }
-    qlonglong rule = 0;
-    if (!parseRange(args.at(1), 0, 255, &rule))
-        return rangeError(QStringLiteral("the access rule"), args.at(1), 0, 255);
-    if (!ZorHost::setUsimAccessRule(static_cast<unsigned char>(file), static_cast<unsigned char>(rule)))
-        return failure(QStringLiteral("the rule could not be stored under %1").arg(ZorHost::root()));
-    out(QStringLiteral("USIM file %1 access rule set to %2").arg(file).arg(rule));
+    unsigned char mode = 0;
+    const int r = TAPI_SMS_GetSmsTransportMode(&mode);
+    if (r != TAPI_RESULT_SUCC)
+        return tapiFailure(QStringLiteral("TAPI_SMS_GetSmsTransportMode"), r);
+    out.field(QStringLiteral("transport_mode"), int(mode));
+    out.field(QStringLiteral("sms_over_gprs"), mode == TAPI_SMS_TRANSPORT_GPRS_ON);
     return ExitOk;
 }
 
-const FamilyRegistration registration(QStringLiteral("tapi"), QStringLiteral("the simulated modem and SIM card (telephony)"),
+int transportSupported(const Args& args, Output& out)
+{
+    if (args.has(QStringLiteral("BOOL")) && !ZorHost::setSmsTransportModeSupported(args.boolean(QStringLiteral("BOOL"))))
+        return fail(QStringLiteral("the setting could not be stored under %1").arg(ZorHost::root()));
+    out.field(QStringLiteral("transport_mode_supported"), ZorHost::smsTransportModeSupported());
+    return ExitOk;
+}
+
+int usimRule(const Args& args, Output& out)
+{
+    const unsigned char file = static_cast<unsigned char>(args.number(QStringLiteral("FILE")));
+    if (args.has(QStringLiteral("RULE"))
+        && !ZorHost::setUsimAccessRule(file, static_cast<unsigned char>(args.number(QStringLiteral("RULE")))))
+        return fail(QStringLiteral("the rule could not be stored under %1").arg(ZorHost::root()));
+    const int rule = ZorHost::usimAccessRule(file);
+    if (rule < 0)
+        return fail(QStringLiteral("the card has no USIM file %1").arg(file));
+    out.field(QStringLiteral("file"), int(file));
+    out.field(QStringLiteral("access_rule"), rule);
+    return ExitOk;
+}
+
+const QString kLine = QStringLiteral("the line: 1 or 2");
+const QString kMailboxType = QStringLiteral("the mailbox type: 0 voice, 1 fax, 2 e-mail, 3 other");
+
+const VerbRegistration registration(QStringLiteral("tapi"), QStringLiteral("the simulated modem and SIM card (telephony)"),
     {
-        {QStringLiteral("show"), QString(), QStringLiteral("print the whole SIM and modem state"), show},
-        {QStringLiteral("email-gateway"), QStringLiteral("[NUMBER]"), QStringLiteral("get or set the e-mail gateway number"), emailGateway},
-        {QStringLiteral("sim-status"), QStringLiteral("[STATUS]"), QStringLiteral("get or set the SIM card status (3 SIM ready, 4 USIM ready)"), simStatus},
-        {QStringLiteral("service"), QStringLiteral("ID [on|off]"), QStringLiteral("get or set a SIM service (2348 mailbox numbers, 2349 message waiting)"), service},
-        {QStringLiteral("usim-rule"), QStringLiteral("FILE [RULE]"), QStringLiteral("get or set the access rule of a USIM file"), usimRule},
-        {QStringLiteral("cb-state"), QStringLiteral("[STATE]"), QStringLiteral("get or set the cell-broadcast state byte"), cbState},
-        {QStringLiteral("channels"), QString(), QStringLiteral("list the subscribed cell-broadcast channels"), channels},
-        {QStringLiteral("channel-add"), QStringLiteral("CHANNEL"), QStringLiteral("subscribe a channel (0 to 65534)"), [](const QStringList& a) { return channelChange(a, true); }},
-        {QStringLiteral("channel-del"), QStringLiteral("CHANNEL"), QStringLiteral("unsubscribe a channel"), [](const QStringList& a) { return channelChange(a, false); }},
-        {QStringLiteral("slots"), QStringLiteral("[SLOT LANGUAGE]"), QStringLiteral("list the language slots, or write one"), languageSlots},
-        {QStringLiteral("slot-count"), QStringLiteral("COUNT"), QStringLiteral("set the number of language slots"), slotCount},
-        {QStringLiteral("mailbox"), QStringLiteral("TYPE [NUMBER [NAME]]"), QStringLiteral("get or set a GSM phase 2+ mailbox entry"), [](const QStringList& a) { return mailboxVerb(a, false); }},
-        {QStringLiteral("mail-count"), QStringLiteral("TYPE [COUNT]"), QStringLiteral("get or set the waiting count of a mailbox"), mailCount},
-        {QStringLiteral("cphs-mailbox"), QStringLiteral("LINE [NUMBER [NAME]]"), QStringLiteral("get or set the CPHS voice mailbox of line 1 or 2"), [](const QStringList& a) { return mailboxVerb(a, true); }},
-        {QStringLiteral("waiting"), QStringLiteral("LINE [on|off]"), QStringLiteral("get or set the CPHS message-waiting flag of line 0 or 1"), waiting},
-        {QStringLiteral("transport-mode"), QStringLiteral("[MODE]"), QStringLiteral("get or set the SMS transport mode (1 GPRS off, 2 on)"), transportMode},
-        {QStringLiteral("transport-supported"), QStringLiteral("[on|off]"), QStringLiteral("whether the modem reports the transport mode"), transportSupported},
+        Verb(QStringLiteral("show"), QStringLiteral("print the whole SIM and modem state as stored"), show)
+            .reads()
+            .fields(QStringLiteral("one field per stored setting, e.g. sim.status (number), sms.service-centre (text)")),
+        Verb(QStringLiteral("email-gateway"), QStringLiteral("get or set the e-mail gateway number"), emailGateway)
+            .arg(text(QStringLiteral("NUMBER"), QStringLiteral("the new number, at most 41 Latin-1 characters")).optional())
+            .writesWhenGiven(QStringLiteral("NUMBER"))
+            .fields(QStringLiteral("email_gateway (text)")),
+        Verb(QStringLiteral("sim-status"), QStringLiteral("get or set the SIM card status"), simStatus)
+            .arg(integer(QStringLiteral("STATUS"), 0, 6, QStringLiteral("0 no card, 1 PIN, 2 PUK, 3 SIM ready, 4 USIM ready, 5 blocked, 6 initialising")).optional())
+            .writesWhenGiven(QStringLiteral("STATUS"))
+            .fields(QStringLiteral("sim_status (number), meaning (text)")),
+        Verb(QStringLiteral("service"), QStringLiteral("get or set a SIM service (2348 mailbox numbers, 2349 message waiting)"), service)
+            .arg(integer(QStringLiteral("ID"), 0, 65535, QStringLiteral("the service's feature id")))
+            .arg(boolean(QStringLiteral("BOOL"), QStringLiteral("whether it is available")).optional())
+            .writesWhenGiven(QStringLiteral("BOOL"))
+            .fields(QStringLiteral("service (number), available (boolean)")),
+        Verb(QStringLiteral("usim-rule"), QStringLiteral("get or set the access rule of a USIM file"), usimRule)
+            .arg(integer(QStringLiteral("FILE"), 0, 255, QStringLiteral("the file id")))
+            .arg(integer(QStringLiteral("RULE"), 0, 255, QStringLiteral("the access rule")).optional())
+            .writesWhenGiven(QStringLiteral("RULE"))
+            .fields(QStringLiteral("file (number), access_rule (number)")),
+        Verb(QStringLiteral("cb-state"), QStringLiteral("get or set the cell-broadcast state byte"), cbState)
+            .arg(integer(QStringLiteral("STATE"), 0, 255, QStringLiteral("the new state")).optional())
+            .writesWhenGiven(QStringLiteral("STATE"))
+            .fields(QStringLiteral("cb_state (number)")),
+        Verb(QStringLiteral("channels"), QStringLiteral("list the subscribed cell-broadcast channels"), channels)
+            .reads()
+            .fields(QStringLiteral("channels (list of numbers)")),
+        Verb(QStringLiteral("channel-add"), QStringLiteral("subscribe a channel"), [](const Args& a, Output& o) { return channelChange(a, o, true); })
+            .arg(integer(QStringLiteral("CHANNEL"), 0, 65534, QStringLiteral("the channel")))
+            .writes()
+            .fields(QStringLiteral("channels (list of numbers)")),
+        Verb(QStringLiteral("channel-del"), QStringLiteral("unsubscribe a channel"), [](const Args& a, Output& o) { return channelChange(a, o, false); })
+            .arg(integer(QStringLiteral("CHANNEL"), 0, 65534, QStringLiteral("the channel")))
+            .writes()
+            .fields(QStringLiteral("channels (list of numbers)")),
+        Verb(QStringLiteral("slots"), QStringLiteral("list the language slots, or write one"), languageSlotsVerb)
+            .arg(integer(QStringLiteral("SLOT"), 0, 254, QStringLiteral("the slot, counted from 0")).optional())
+            .arg(integer(QStringLiteral("LANGUAGE"), 0, 255, QStringLiteral("the cell-broadcast language code")).optional())
+            .writesWhenGiven(QStringLiteral("SLOT"))
+            .fields(QStringLiteral("language_slots (list of numbers, slot 0 first)")),
+        Verb(QStringLiteral("slot-count"), QStringLiteral("set the number of language slots"), slotCount)
+            .arg(integer(QStringLiteral("COUNT"), 0, 255, QStringLiteral("the number of slots")))
+            .writes()
+            .fields(QStringLiteral("language_slots (list of numbers, slot 0 first)")),
+        Verb(QStringLiteral("mailbox"), QStringLiteral("get or set a GSM phase 2+ mailbox entry"), [](const Args& a, Output& o) { return mailboxVerb(a, o, false); })
+            .arg(integer(QStringLiteral("TYPE"), 0, 3, kMailboxType))
+            .arg(text(QStringLiteral("NUMBER"), QStringLiteral("the new number")).optional())
+            .arg(text(QStringLiteral("NAME"), QStringLiteral("the new name (kept when not given)")).optional())
+            .writesWhenGiven(QStringLiteral("NUMBER"))
+            .fields(QStringLiteral("type (number), number (text), name (text)")),
+        Verb(QStringLiteral("mail-count"), QStringLiteral("get or set the waiting count of a mailbox"), mailCount)
+            .arg(integer(QStringLiteral("TYPE"), 0, 3, kMailboxType))
+            .arg(integer(QStringLiteral("COUNT"), 0, 255, QStringLiteral("the new count")).optional())
+            .writesWhenGiven(QStringLiteral("COUNT"))
+            .fields(QStringLiteral("type (number), count (number)")),
+        Verb(QStringLiteral("cphs-mailbox"), QStringLiteral("get or set the CPHS voice mailbox of a line"), [](const Args& a, Output& o) { return mailboxVerb(a, o, true); })
+            .arg(integer(QStringLiteral("LINE"), 1, 2, kLine))
+            .arg(text(QStringLiteral("NUMBER"), QStringLiteral("the new number")).optional())
+            .arg(text(QStringLiteral("NAME"), QStringLiteral("the new name (kept when not given)")).optional())
+            .writesWhenGiven(QStringLiteral("NUMBER"))
+            .fields(QStringLiteral("line (number), number (text), name (text)")),
+        Verb(QStringLiteral("waiting"), QStringLiteral("get or set the CPHS message-waiting flag of a line"), waiting)
+            .arg(integer(QStringLiteral("LINE"), 1, 2, kLine))
+            .arg(boolean(QStringLiteral("BOOL"), QStringLiteral("whether mail is waiting")).optional())
+            .writesWhenGiven(QStringLiteral("BOOL"))
+            .fields(QStringLiteral("line (number), waiting (boolean)")),
+        Verb(QStringLiteral("transport-mode"), QStringLiteral("get or set the SMS transport mode (1 GPRS off, 2 on)"), transportMode)
+            .arg(integer(QStringLiteral("MODE"), 1, 2, QStringLiteral("1 SMS over GPRS off, 2 on")).optional())
+            .writesWhenGiven(QStringLiteral("MODE"))
+            .fields(QStringLiteral("transport_mode (number), sms_over_gprs (boolean)")),
+        Verb(QStringLiteral("transport-supported"), QStringLiteral("whether the modem reports the transport mode"), transportSupported)
+            .arg(boolean(QStringLiteral("BOOL"), QStringLiteral("whether it is supported")).optional())
+            .writesWhenGiven(QStringLiteral("BOOL"))
+            .fields(QStringLiteral("transport_mode_supported (boolean)")),
     });
 
 } // namespace

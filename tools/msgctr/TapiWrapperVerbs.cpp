@@ -1,13 +1,13 @@
 // msgctr tapi: what the library itself asks the telephony side, through MSGCTR_ENG_TAPI.
-#include "Command.h"
 #include "LibraryReports.h"
+#include "Verb.h"
 
 #include "MSGCTR_ENG_StrUti.h"
 #include "MSGCTR_ENG_TAPI.h"
 
 #include <QStringList>
 
-#include <limits>
+#include <climits>
 
 namespace msgctr {
 namespace {
@@ -15,96 +15,79 @@ namespace {
 QString unitName(unsigned int unit)
 {
     switch (unit) {
-    case 0:
-        return QStringLiteral("5 minutes");
-    case 1:
-        return QStringLiteral("30 minutes");
-    case 2:
-        return QStringLiteral("day");
-    case 3:
-        return QStringLiteral("week");
-    default:
-        return QStringLiteral("unknown unit");
+    case 0: return QStringLiteral("5 minutes");
+    case 1: return QStringLiteral("30 minutes");
+    case 2: return QStringLiteral("day");
+    case 3: return QStringLiteral("week");
+    default: return QStringLiteral("unknown unit");
     }
 }
 
-int smsc(const QStringList& args)
+int smsc(const Args& args, Output& out)
 {
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi smsc takes at most one NUMBER (quote it if it holds blanks)"));
-    if (args.size() == 1) {
-        for (const QChar c : args.first()) {
+    if (args.has(QStringLiteral("NUMBER"))) {
+        const QString number = args.text(QStringLiteral("NUMBER"));
+        for (const QChar c : number) {
             if (c.unicode() > 0xFF)
-                return usageError(QStringLiteral("the number '%1' holds characters outside Latin-1").arg(args.first()));
+                return usage(QStringLiteral("the number '%1' holds characters outside Latin-1").arg(number));
         }
-        const MSGCTR_ERRCODE code = MSGCTR_ENG_TAPI::errcodeSetSmsServiceCenterNumber(args.first());
+        const MSGCTR_ERRCODE code = MSGCTR_ENG_TAPI::errcodeSetSmsServiceCenterNumber(number);
         if (MSGCTR_ERRCODE_IS_ERROR(code))
-            return failure(QStringLiteral("the service centre number was not set: error %1").arg(code));
+            return libraryFailure(QStringLiteral("setting the service centre number"), code);
     }
     QString number;
     const MSGCTR_ERRCODE code = MSGCTR_ENG_TAPI::errcodeGetSmsServiceCenterNumber(&number);
     if (MSGCTR_ERRCODE_IS_ERROR(code))
-        return failure(QStringLiteral("the service centre number cannot be read: error %1").arg(code));
-    out(number.isEmpty() ? QStringLiteral("(no service centre number)") : number);
+        return libraryFailure(QStringLiteral("reading the service centre number"), code);
+    out.field(QStringLiteral("service_centre"), number);
     return ExitOk;
 }
 
-int vp(const QStringList& args)
+int vp(const Args& args, Output& out)
 {
-    if (args.size() != 1)
-        return usageError(QStringLiteral("tapi vp takes one number of SECONDS"));
-    qlonglong seconds = 0;
-    if (!parseInteger(args.first(), &seconds))
-        return usageError(QStringLiteral("'%1' is not a number of seconds").arg(args.first()));
-    if (seconds < std::numeric_limits<int>::min() || seconds > std::numeric_limits<int>::max())
-        return usageError(QStringLiteral("%1 seconds is out of range (%2 to %3)")
-                              .arg(args.first())
-                              .arg(std::numeric_limits<int>::min())
-                              .arg(std::numeric_limits<int>::max()));
-    const _TAPI_SMS_EXPIRE_PERIOD_DATA_S struVp = MSGCTR_ENG_TAPI::toStruVpFromSecondS(int(seconds));
+    const int seconds = int(args.number(QStringLiteral("SECONDS")));
+    const _TAPI_SMS_EXPIRE_PERIOD_DATA_S struVp = MSGCTR_ENG_TAPI::toStruVpFromSecondS(seconds);
     const unsigned int unit = static_cast<unsigned int>(struVp.unit);
     const unsigned char octet = MSGCTR_ENG_TAPI::toU8VpFromStruVp(struVp);
-    out(QStringLiteral("unit %1 (%2), value %3").arg(unit).arg(unitName(unit)).arg(struVp.value));
-    out(QStringLiteral("octet %1 (%2)").arg(octet).arg(MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(octet)));
-    out(QStringLiteral("network gets %1 seconds").arg(MSGCTR_ENG_TAPI::toSecondSFromStruVp(struVp)));
+    out.field(QStringLiteral("unit"), int(unit));
+    out.field(QStringLiteral("unit_name"), unitName(unit));
+    out.field(QStringLiteral("value"), int(struVp.value));
+    out.field(QStringLiteral("octet"), int(octet));
+    out.field(QStringLiteral("octet_hex"), MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(octet));
+    out.field(QStringLiteral("network_seconds"), MSGCTR_ENG_TAPI::toSecondSFromStruVp(struVp));
     return ExitOk;
 }
 
-int gprs(const QStringList& args)
+int gprs(const Args& args, Output& out)
 {
-    if (args.size() > 1)
-        return usageError(QStringLiteral("tapi gprs takes nothing, on or off"));
-    if (args.isEmpty()) {
-        if (!MSGCTR_ENG_TAPI::supportsSmsOverGprsFeature()) {
-            out(QStringLiteral("SMS over GPRS: not supported"));
-            return ExitOk;
-        }
-        out(MSGCTR_ENG_TAPI::smsOverGprsSwitchIsEnabled() ? QStringLiteral("SMS over GPRS: on")
-                                                         : QStringLiteral("SMS over GPRS: off"));
-        return ExitOk;
+    if (args.has(QStringLiteral("BOOL"))) {
+        const MSGCTR_ERRCODE code = MSGCTR_ENG_TAPI::enableSmsOverGprsSwitch(args.boolean(QStringLiteral("BOOL")));
+        if (MSGCTR_ERRCODE_IS_ERROR(code))
+            return libraryFailure(QStringLiteral("switching SMS over GPRS"), code);
     }
-    const QString& choice = args.first();
-    if (choice != QLatin1String("on") && choice != QLatin1String("off"))
-        return usageError(QStringLiteral("tapi gprs takes on or off, not '%1'").arg(choice));
-    const bool on = choice == QLatin1String("on");
-    const MSGCTR_ERRCODE code = MSGCTR_ENG_TAPI::enableSmsOverGprsSwitch(on);
-    if (MSGCTR_ERRCODE_IS_ERROR(code))
-        return failure(QStringLiteral("SMS over GPRS was not switched %1: error %2").arg(choice).arg(code));
-    out(QStringLiteral("SMS over GPRS: %1").arg(choice));
+    const bool supported = MSGCTR_ENG_TAPI::supportsSmsOverGprsFeature();
+    out.field(QStringLiteral("supported"), supported);
+    out.field(QStringLiteral("sms_over_gprs"), supported && MSGCTR_ENG_TAPI::smsOverGprsSwitchIsEnabled());
     return ExitOk;
 }
 
-const FamilyRegistration registration(
+const VerbRegistration registration(
     QStringLiteral("tapi"), QString(),
     {
-        {QStringLiteral("smsc"), QStringLiteral("[NUMBER] [--trace]"),
-         QStringLiteral("print the SMS service centre number, or set it first (cut to 41 characters)"),
-         withReports(smsc)},
-        {QStringLiteral("vp"), QStringLiteral("SECONDS [--trace]"),
-         QStringLiteral("the validity period for SECONDS: unit/value pair, octet, seconds the network gets"),
-         withReports(vp)},
-        {QStringLiteral("gprs"), QStringLiteral("[on|off] [--trace]"),
-         QStringLiteral("print whether SMS goes over GPRS, or switch it on or off"), withReports(gprs)},
+        Verb(QStringLiteral("smsc"), QStringLiteral("print the SMS service centre number, or set it first (cut to 41 characters)"), withReports(smsc))
+            .arg(text(QStringLiteral("NUMBER"), QStringLiteral("the new number (empty clears it)")).optional())
+            .arg(traceFlag())
+            .writesWhenGiven(QStringLiteral("NUMBER"))
+            .fields(QStringLiteral("service_centre (text, empty when none)")),
+        Verb(QStringLiteral("vp"), QStringLiteral("the validity period for SECONDS: unit/value pair, octet, seconds the network gets"), withReports(vp))
+            .arg(integer(QStringLiteral("SECONDS"), INT_MIN, INT_MAX, QStringLiteral("the validity period")))
+            .arg(traceFlag())
+            .fields(QStringLiteral("unit (number), unit_name (text), value (number), octet (number), octet_hex (text), network_seconds (number)")),
+        Verb(QStringLiteral("gprs"), QStringLiteral("print whether SMS goes over GPRS, or switch it on or off"), withReports(gprs))
+            .arg(boolean(QStringLiteral("BOOL"), QStringLiteral("the new setting")).optional())
+            .arg(traceFlag())
+            .writesWhenGiven(QStringLiteral("BOOL"))
+            .fields(QStringLiteral("supported (boolean), sms_over_gprs (boolean)")),
     });
 
 } // namespace

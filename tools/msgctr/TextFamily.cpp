@@ -1,77 +1,66 @@
 // msgctr text: the string utilities a person would use at the command line.
-#include "Command.h"
+#include "Verb.h"
 
 #include "MSGCTR_ENG_StrUti.h"
 
 namespace msgctr {
 namespace {
 
-int hex(const QStringList& args)
+const QString kText = QStringLiteral("TEXT");
+
+int hex(const Args& args, Output& out)
 {
-    QStringList rest = args;
-    int bits = 32;
-    const qsizetype bitsAt = rest.indexOf(QStringLiteral("--bits"));
-    if (bitsAt >= 0) {
-        if (bitsAt + 1 >= rest.size())
-            return usageError(QStringLiteral("--bits needs 32, 16 or 8"));
-        const QString width = rest.at(bitsAt + 1);
-        if (width == QLatin1String("32"))
-            bits = 32;
-        else if (width == QLatin1String("16"))
-            bits = 16;
-        else if (width == QLatin1String("8"))
-            bits = 8;
-        else
-            return usageError(QStringLiteral("--bits must be 32, 16 or 8, not '%1'").arg(width));
-        rest.remove(bitsAt, 2);
+    const QString bits = args.has(QStringLiteral("--bits")) ? args.text(QStringLiteral("--bits")) : QStringLiteral("32");
+    const qlonglong value = args.number(QStringLiteral("NUMBER"));
+    const qlonglong max = (qlonglong(1) << bits.toInt()) - 1;
+    if (value > max)
+        return usage(QStringLiteral("%1 does not fit in %2 unsigned bits (0 to %3)").arg(value).arg(bits).arg(max));
+    QString text;
+    if (bits == QLatin1String("16"))
+        text = MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(static_cast<unsigned short>(value));
+    else if (bits == QLatin1String("8"))
+        text = MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(static_cast<unsigned char>(value));
+    else
+        text = MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(static_cast<unsigned int>(value));
+    out.field(QStringLiteral("hex"), text);
+    return ExitOk;
+}
+
+int strip(const Args& args, Output& out)
+{
+    out.field(QStringLiteral("text"), MSGCTR_ENG_StrUti::removeAllWhiteSpaceChars(args.text(kText)));
+    return ExitOk;
+}
+
+// One "?" per character above code 255: a surrogate pair is one character.
+int ascii(const Args& args, Output& out)
+{
+    const QString replaced = MSGCTR_ENG_StrUti::replaceNonAsciiChar(args.text(kText), '?');
+    QString text;
+    const QString original = args.text(kText);
+    for (qsizetype i = 0; i < replaced.size(); ++i) {
+        text += replaced.at(i);
+        if (i + 1 < original.size() && original.at(i).isHighSurrogate() && original.at(i + 1).isLowSurrogate())
+            ++i;
     }
-    if (rest.size() != 1)
-        return usageError(QStringLiteral("text hex takes one NUMBER (see msgctr text hex --help)"));
-    qlonglong value = 0;
-    if (!parseInteger(rest.first(), &value))
-        return usageError(QStringLiteral("'%1' is not a number").arg(rest.first()));
-    const qlonglong max = (qlonglong(1) << bits) - 1;
-    if (value < 0 || value > max)
-        return usageError(QStringLiteral("%1 does not fit in %2 unsigned bits (0 to %3)").arg(rest.first()).arg(bits).arg(max));
-    switch (bits) {
-    case 16:
-        out(MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(static_cast<unsigned short>(value)));
-        break;
-    case 8:
-        out(MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(static_cast<unsigned char>(value)));
-        break;
-    default:
-        out(MSGCTR_ENG_StrUti::qstrHexWithPrefix0x(static_cast<unsigned int>(value)));
-        break;
-    }
+    out.field(QStringLiteral("text"), text);
     return ExitOk;
 }
 
-int strip(const QStringList& args)
-{
-    if (args.size() != 1)
-        return usageError(QStringLiteral("text strip takes one TEXT (quote it if it holds blanks)"));
-    out(MSGCTR_ENG_StrUti::removeAllWhiteSpaceChars(args.first()));
-    return ExitOk;
-}
-
-int ascii(const QStringList& args)
-{
-    if (args.size() != 1)
-        return usageError(QStringLiteral("text ascii takes one TEXT (quote it if it holds blanks)"));
-    out(MSGCTR_ENG_StrUti::replaceNonAsciiChar(args.first(), '?'));
-    return ExitOk;
-}
-
-const FamilyRegistration registration(
-    QStringLiteral("text"), QStringLiteral("text utilities: hex, white space, ..."),
+const VerbRegistration registration(
+    QStringLiteral("text"), QStringLiteral("text utilities: hex, white space, checksums, segments, e-mail over SMS, times"),
     {
-        {QStringLiteral("hex"), QStringLiteral("NUMBER [--bits 32|16|8]"),
-         QStringLiteral("the number in upper-case hexadecimal with 0x, as 8, 4 or 2 digits (default 32 bits)"), hex},
-        {QStringLiteral("strip"), QStringLiteral("TEXT"), QStringLiteral("the text with every white-space character removed"),
-         strip},
-        {QStringLiteral("ascii"), QStringLiteral("TEXT"),
-         QStringLiteral("the text with every character above code 255 replaced by '?'"), ascii},
+        Verb(QStringLiteral("hex"), QStringLiteral("the number in upper-case hexadecimal with 0x, as 8, 4 or 2 digits"), hex)
+            .arg(integer(QStringLiteral("NUMBER"), 0, 0xFFFFFFFFLL, QStringLiteral("the number, decimal or 0x hexadecimal")))
+            .arg(choice(QStringLiteral("--bits"), {QStringLiteral("32"), QStringLiteral("16"), QStringLiteral("8")},
+                        QStringLiteral("the width (default 32)")))
+            .fields(QStringLiteral("hex (text)")),
+        Verb(QStringLiteral("strip"), QStringLiteral("the text with every white-space character removed"), strip)
+            .arg(text(kText, QStringLiteral("the text")).stdinDash())
+            .fields(QStringLiteral("text (text)")),
+        Verb(QStringLiteral("ascii"), QStringLiteral("the text with every character above code 255 replaced by '?'"), ascii)
+            .arg(text(kText, QStringLiteral("the text")).stdinDash())
+            .fields(QStringLiteral("text (text)")),
     });
 
 } // namespace

@@ -1,6 +1,6 @@
 // msgctr text segments: how many SMS segments a text takes, in which encoding, and what the composer
 // shows for a list of recipients (e-mail recipients get their address and subject in front of the body).
-#include "Command.h"
+#include "Verb.h"
 
 #include "MSGCTR_ENG_EmsAddressList.h"
 #include "MSGCTR_ENG_EncodeUti.h"
@@ -12,57 +12,44 @@
 namespace msgctr {
 namespace {
 
-QString countText(int count)
+// A count the library could not make is null.
+QJsonValue countValue(int count)
 {
-    return count == MSGCTR_ENG_EncodeUti::INVALID_PACKET_NUM ? QStringLiteral("cannot be counted") : QString::number(count);
+    return count == MSGCTR_ENG_EncodeUti::INVALID_PACKET_NUM ? QJsonValue() : QJsonValue(count);
 }
 
-int recipientSegments(const QString& to, const QString& subject, const QString& body)
+int recipientSegments(const QString& to, const QString& subject, const QString& body, Output& out)
 {
     const QStringList recipients = MSGCTR_ENG_EmsAddressList::getRawAddrList(to);
     if (recipients.isEmpty())
-        return usageError(QStringLiteral("--to holds no address"));
+        return usage(QStringLiteral("--to holds no address"));
+    QJsonArray perRecipient;
     for (const QString& recipient : recipients) {
         int count = 0;
         MSGCTR_ENG_EncodeUti::getEncodePacketNumForSend(&count, recipient, subject, body);
-        out(QStringLiteral("%1: %2").arg(recipient, countText(count)));
+        perRecipient.append(QJsonObject{{QStringLiteral("recipient"), recipient}, {QStringLiteral("segments"), countValue(count)}});
     }
     int maximum = 0;
     const bool ok = MSGCTR_ENG_EncodeUti::getMaxEncodePacketNumForSend(&maximum, to, subject, body);
-    if (!ok) {
-        out(QStringLiteral("maximum: %1").arg(countText(maximum)));
-        return failure(QStringLiteral("a recipient's text cannot be counted (longer than %1 UTF-16 units)")
-                           .arg(MSGCTR_ENG_EncodeUti::MAX_CALCULATED_TEXT_LENGTH));
-    }
-    if (maximum > MSGCTR_ENG_EncodeUti::MAX_PACKETS_PER_MESSAGE)
-        out(QStringLiteral("maximum: %1 (more than the %2 segments one message may take)")
-                .arg(maximum).arg(MSGCTR_ENG_EncodeUti::MAX_PACKETS_PER_MESSAGE));
-    else
-        out(QStringLiteral("maximum: %1").arg(maximum));
+    out.field(QStringLiteral("recipients"), perRecipient);
+    out.field(QStringLiteral("maximum"), ok ? QJsonValue(maximum) : QJsonValue());
+    out.field(QStringLiteral("fits_one_message"), ok && maximum <= MSGCTR_ENG_EncodeUti::MAX_PACKETS_PER_MESSAGE);
+    if (!ok)
+        return fail(QStringLiteral("a recipient's text cannot be counted (longer than %1 UTF-16 units)")
+                        .arg(MSGCTR_ENG_EncodeUti::MAX_CALCULATED_TEXT_LENGTH));
     return ExitOk;
 }
 
-int segments(const QStringList& args)
+int segments(const Args& args, Output& out)
 {
-    QStringList rest = args;
-    int status = ExitOk;
-    QString to;
-    QString subject;
-    bool hasTo = false;
-    bool hasSubject = false;
-    if (!takeOption(&rest, QStringLiteral("--to"), &to, &hasTo, &status)
-        || !takeOption(&rest, QStringLiteral("--subject"), &subject, &hasSubject, &status))
-        return status;
-    if (rest.size() != 1)
-        return usageError(QStringLiteral("text segments takes one TEXT (quote it if it holds blanks)"));
-    if (hasSubject && !hasTo)
-        return usageError(QStringLiteral("--subject goes with --to"));
+    const bool hasTo = args.has(QStringLiteral("--to"));
+    if (args.has(QStringLiteral("--subject")) && !hasTo)
+        return usage(QStringLiteral("--subject goes with --to"));
+    const QString text = args.text(QStringLiteral("TEXT"));
     if (hasTo)
-        return recipientSegments(to, subject, rest.first());
-    const QString& text = rest.first();
+        return recipientSegments(args.text(QStringLiteral("--to")), args.text(QStringLiteral("--subject")), text, out);
     if (text.size() > TAPI_SMS_CACULATE_MAX_UNITS)
-        return failure(QStringLiteral("the text has %1 UTF-16 units; at most %2 can be counted")
-                           .arg(text.size()).arg(TAPI_SMS_CACULATE_MAX_UNITS));
+        return fail(QStringLiteral("the text has %1 UTF-16 units; at most %2 can be counted").arg(text.size()).arg(TAPI_SMS_CACULATE_MAX_UNITS));
     auto request = std::make_unique<TAPI_SMS_CACULATE_SM_REQ_S>();
     std::memset(request.get(), 0, sizeof *request);
     request->length = static_cast<unsigned short>(text.size());
@@ -70,16 +57,21 @@ int segments(const QStringList& args)
     TAPI_SMS_CACULATE_SM_RESULT_S result{};
     const int r = TAPI_SMS_CaculateSm(request.get(), &result);
     if (r != TAPI_RESULT_SUCC)
-        return failure(QStringLiteral("TAPI_SMS_CaculateSm failed with result %1").arg(r));
-    out(QStringLiteral("segments: %1").arg(result.segmentCount));
-    out(result.encodeType == TAPI_SMS_ENCODE_GSM7BIT ? QStringLiteral("encoding: GSM 7-bit") : QStringLiteral("encoding: UCS-2"));
+        return tapiFailure(QStringLiteral("TAPI_SMS_CaculateSm"), r);
+    out.field(QStringLiteral("segments"), int(result.segmentCount));
+    out.field(QStringLiteral("encoding"), result.encodeType == TAPI_SMS_ENCODE_GSM7BIT ? QStringLiteral("GSM 7-bit") : QStringLiteral("UCS-2"));
     return ExitOk;
 }
 
-const FamilyRegistration registration(QStringLiteral("text"), QString(),
+const VerbRegistration registration(QStringLiteral("text"), QString(),
     {
-        {QStringLiteral("segments"), QStringLiteral("[--to LIST [--subject S]] TEXT"),
-         QStringLiteral("print the SMS segment count of a text and its encoding, or per recipient and the maximum"), segments},
+        Verb(QStringLiteral("segments"), QStringLiteral("the SMS segment count of a text and its encoding, or per recipient and the maximum"), segments)
+            .arg(text(QStringLiteral("TEXT"), QStringLiteral("the message body")).stdinDash())
+            .arg(text(QStringLiteral("--to"), QStringLiteral("count for these recipients")).as(QStringLiteral("LIST")))
+            .arg(text(QStringLiteral("--subject"), QStringLiteral("the subject e-mail recipients get")).as(QStringLiteral("S")))
+            .reads()
+            .fields(QStringLiteral("segments (number), encoding (text); with --to: recipients (list of recipient, segments), "
+                                   "maximum (number), fits_one_message (boolean)")),
     });
 
 } // namespace

@@ -1,6 +1,6 @@
 // msgctr text iso8601: message time stamps between UTC seconds, the compact ISO 8601 form and the local
 // wall clock (the zone of TZ).
-#include "Command.h"
+#include "Verb.h"
 
 #include "MSGCTR_ENG_UtilsTime.h"
 
@@ -20,19 +20,19 @@ QString offsetText(int seconds)
         .arg(magnitude % 3600 / 60, 2, 10, QLatin1Char('0'));
 }
 
-int show(int utc)
+int show(int utc, Output& out)
 {
     const QDateTime utcTime = QDateTime::fromSecsSinceEpoch(utc, Qt::UTC);
     const QDate d = utcTime.date();
     const QTime t = utcTime.time();
     const QDateTime local = MSGCTR_ENG_UtilsTime::fromUTC(utc);
     const qint64 localAsUtc = QDateTime(local.date(), local.time(), Qt::UTC).toSecsSinceEpoch();
-    out(QStringLiteral("iso8601 %1").arg(QString::fromLatin1(MSGCTR_ENG_UtilsTime::toISO8601FromUTCDateTime(
-        d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second()))));
-    out(QStringLiteral("utc-seconds %1").arg(utc));
-    out(QStringLiteral("utc %1").arg(utcTime.toString(kShownFormat)));
-    out(QStringLiteral("local %1 (%2)")
-            .arg(local.toString(kShownFormat), offsetText(static_cast<int>(localAsUtc - utc))));
+    out.field(QStringLiteral("iso8601"), QString::fromLatin1(MSGCTR_ENG_UtilsTime::toISO8601FromUTCDateTime(
+        d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second())));
+    out.field(QStringLiteral("utc_seconds"), utc);
+    out.field(QStringLiteral("utc"), utcTime.toString(kShownFormat));
+    out.field(QStringLiteral("local"), local.toString(kShownFormat));
+    out.field(QStringLiteral("local_offset"), offsetText(static_cast<int>(localAsUtc - utc)));
     return ExitOk;
 }
 
@@ -50,59 +50,60 @@ QDateTime parseLocal(const QStringList& args)
     return QDateTime();
 }
 
-int to(const QStringList& args)
+int to(const QStringList& args, Output& out)
 {
-    if (args.isEmpty() || args.size() > 2)
-        return usageError(QStringLiteral("text iso8601 to takes SECONDS or a local DATE [TIME] (see msgctr text iso8601 --help)"));
-    qlonglong seconds = 0;
-    if (args.size() == 1 && parseInteger(args.first(), &seconds)) {
+    if (args.isEmpty())
+        return usage(QStringLiteral("text iso8601 to needs SECONDS or a local DATE [TIME] (see msgctr text iso8601 --help)"));
+    bool isNumber = false;
+    const qlonglong seconds = args.first().toLongLong(&isNumber);
+    if (args.size() == 1 && isNumber) {
         if (seconds < INT_MIN || seconds > INT_MAX)
-            return usageError(QStringLiteral("%1 is outside the 32-bit range of UTC seconds (%2 to %3)")
-                                  .arg(args.first()).arg(INT_MIN).arg(INT_MAX));
-        return show(static_cast<int>(seconds));
+            return usage(QStringLiteral("%1 is outside the 32-bit range of UTC seconds (%2 to %3)")
+                             .arg(args.first()).arg(INT_MIN).arg(INT_MAX));
+        return show(static_cast<int>(seconds), out);
     }
     const QDateTime local = parseLocal(args);
     if (!local.isValid())
-        return usageError(QStringLiteral("'%1' is neither UTC seconds nor a local date and time like 2006-12-31 23:59:59")
-                              .arg(args.join(QLatin1Char(' '))));
+        return usage(QStringLiteral("'%1' is neither UTC seconds nor a local date and time like 2006-12-31 23:59:59")
+                         .arg(args.join(QLatin1Char(' '))));
     const int utc = MSGCTR_ENG_UtilsTime::toUTC(local);
     // -1 is a real time as well as the answer for "out of range": only the way back tells them apart.
     if (utc == -1 && MSGCTR_ENG_UtilsTime::fromUTC(-1) != QDateTime(local.date(), local.time()))
-        return usageError(QStringLiteral("'%1' is outside the 32-bit range of UTC seconds (1901-12-13 to 2038-01-19)")
-                              .arg(args.join(QLatin1Char(' '))));
-    return show(utc);
+        return usage(QStringLiteral("'%1' is outside the 32-bit range of UTC seconds (1901-12-13 to 2038-01-19)")
+                         .arg(args.join(QLatin1Char(' '))));
+    return show(utc, out);
 }
 
-int from(const QStringList& args)
+int from(const QStringList& args, Output& out)
 {
     if (args.size() != 1)
-        return usageError(QStringLiteral("text iso8601 from takes one ISO 8601 text, e.g. 20061231T235959Z"));
+        return usage(QStringLiteral("text iso8601 from takes one ISO 8601 text, e.g. 20061231T235959Z"));
     const QDateTime local = MSGCTR_ENG_UtilsTime::fromISO8601(QCString(args.first().toLatin1()));
     if (!local.isValid())
-        return usageError(QStringLiteral("'%1' is not an ISO 8601 date-time (e.g. 20061231T235959Z) within the 32-bit "
-                                         "range of UTC seconds")
-                              .arg(args.first()));
-    return show(MSGCTR_ENG_UtilsTime::toUTC(local));
+        return usage(QStringLiteral("'%1' is not an ISO 8601 date-time (e.g. 20061231T235959Z) within the 32-bit "
+                                    "range of UTC seconds")
+                         .arg(args.first()));
+    return show(MSGCTR_ENG_UtilsTime::toUTC(local), out);
 }
 
-int iso8601(const QStringList& args)
+int iso8601(const Args& args, Output& out)
 {
-    if (args.isEmpty())
-        return show(MSGCTR_ENG_UtilsTime::currentUTCTime());
-    const QString direction = args.first();
-    if (direction == QLatin1String("to"))
-        return to(args.mid(1));
-    if (direction == QLatin1String("from"))
-        return from(args.mid(1));
-    return usageError(QStringLiteral("text iso8601 expects 'to' or 'from', not '%1'").arg(direction));
+    if (!args.has(QStringLiteral("DIRECTION")))
+        return show(MSGCTR_ENG_UtilsTime::currentUTCTime(), out);
+    const QStringList rest = args.texts(QStringLiteral("TIME"));
+    if (args.text(QStringLiteral("DIRECTION")) == QLatin1String("to"))
+        return to(rest, out);
+    return from(rest, out);
 }
 
-const FamilyRegistration registration(
+const VerbRegistration registration(
     QStringLiteral("text"), QString(),
     {
-        {QStringLiteral("iso8601"), QStringLiteral("[to SECONDS | to DATE [TIME] | from ISO8601]"),
-         QStringLiteral("a time as compact ISO 8601, UTC seconds, UTC and local wall clock (now if none given)"),
-         iso8601},
+        Verb(QStringLiteral("iso8601"), QStringLiteral("a time as compact ISO 8601, UTC seconds, UTC and local wall clock (now if none given)"), iso8601)
+            .arg(choice(QStringLiteral("DIRECTION"), {QStringLiteral("to"), QStringLiteral("from")},
+                        QStringLiteral("to: from UTC SECONDS or a local DATE [TIME]; from: from an ISO 8601 text")).optional())
+            .arg(text(QStringLiteral("TIME"), QStringLiteral("SECONDS, DATE [TIME] or ISO8601")).optional().repeated())
+            .fields(QStringLiteral("iso8601 (text), utc_seconds (number), utc (text), local (text), local_offset (text)")),
     });
 
 } // namespace

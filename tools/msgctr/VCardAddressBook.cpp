@@ -3,8 +3,10 @@
 #include "MSGCTR_ENG_Addrbk.h"
 
 #include <QFile>
+#include <QStringDecoder>
 #include <QStringList>
 
+#include <cctype>
 #include <vector>
 
 namespace msgctr {
@@ -66,42 +68,121 @@ ADDRBK_ATTR_TYPE_T emailType(const QString& params)
     return ADDRBK_ATTR_TYPE_EMAIL_GENERAL;
 }
 
-// Unfolds continuation lines (those starting with a blank or a tab).
-QStringList unfoldedLines(const QString& text)
+// Where the property's name and parameters end: the first ":" outside double quotes (a 3.0/4.0 parameter
+// value may be quoted and hold ":").
+qsizetype valueStart(const QByteArray& line)
 {
-    QStringList lines;
-    const QStringList raw = QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).split(QLatin1Char('\n'));
-    for (const QString& line : raw) {
-        if (!lines.isEmpty() && (line.startsWith(QLatin1Char(' ')) || line.startsWith(QLatin1Char('\t'))))
-            lines.last() += line.mid(1);
-        else
-            lines.append(line);
+    bool quoted = false;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line.at(i) == '"')
+            quoted = !quoted;
+        else if (line.at(i) == ':' && !quoted)
+            return i;
+    }
+    return -1;
+}
+
+// The parameters after the property name, split at ";" outside double quotes, quotes removed.
+QList<QByteArray> parameters(const QByteArray& head)
+{
+    QList<QByteArray> params;
+    QByteArray current;
+    bool quoted = false;
+    for (const char c : head) {
+        if (c == '"')
+            quoted = !quoted;
+        else if (c == ';' && !quoted) {
+            params.append(current);
+            current.clear();
+        } else {
+            current += c;
+        }
+    }
+    params.append(current);
+    params.removeFirst(); // the property name
+    return params;
+}
+
+bool isQuotedPrintable(const QByteArray& line)
+{
+    const qsizetype colon = valueStart(line);
+    return colon > 0 && line.left(colon).toUpper().contains("QUOTED-PRINTABLE");
+}
+
+// Logical lines: a line beginning with a blank or a tab continues the one before (folding), and a
+// quoted-printable value ending in "=" goes on in the next line (a soft line break, as vCard 2.1 writes it).
+QList<QByteArray> logicalLines(const QByteArray& bytes)
+{
+    QList<QByteArray> lines;
+    bool softBreak = false;
+    for (QByteArray raw : bytes.split('\n')) {
+        if (raw.endsWith('\r'))
+            raw.chop(1);
+        if (softBreak) {
+            lines.last().chop(1);
+            lines.last() += raw;
+        } else if (!lines.isEmpty() && (raw.startsWith(' ') || raw.startsWith('\t'))) {
+            lines.last() += raw.mid(1);
+        } else {
+            lines.append(raw);
+        }
+        softBreak = lines.last().endsWith('=') && isQuotedPrintable(lines.last());
     }
     return lines;
 }
 
-bool parse(const QString& text, std::vector<Card>* cards, QString* error)
+QByteArray decodeQuotedPrintable(const QByteArray& value)
+{
+    const auto isHex = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };
+    QByteArray bytes;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        if (value.at(i) == '=' && i + 2 < value.size() && isHex(value.at(i + 1)) && isHex(value.at(i + 2))) {
+            bytes += char(value.mid(i + 1, 2).toInt(nullptr, 16));
+            i += 2;
+        } else {
+            bytes += value.at(i);
+        }
+    }
+    return bytes;
+}
+
+// The value as text: quoted-printable decoded, then read in its CHARSET (UTF-8 when none is named).
+QString decodeValue(const QList<QByteArray>& params, const QByteArray& value)
+{
+    QByteArray bytes = value;
+    QByteArray charset("UTF-8");
+    for (const QByteArray& param : params) {
+        const QByteArray p = param.toUpper();
+        if (p == "QUOTED-PRINTABLE" || p == "ENCODING=QUOTED-PRINTABLE")
+            bytes = decodeQuotedPrintable(value);
+        else if (p.startsWith("CHARSET="))
+            charset = param.mid(8);
+    }
+    QStringDecoder decoder(charset.constData());
+    if (!decoder.isValid())
+        decoder = QStringDecoder(QStringDecoder::Utf8);
+    return decoder.decode(bytes);
+}
+
+bool parse(const QByteArray& bytes, std::vector<Card>* cards, QString* error)
 {
     bool inCard = false;
     int lineNo = 0;
-    for (const QString& line : unfoldedLines(text)) {
+    for (const QByteArray& line : logicalLines(bytes)) {
         ++lineNo;
         if (line.trimmed().isEmpty())
             continue;
-        const qsizetype colon = line.indexOf(QLatin1Char(':'));
+        const qsizetype colon = valueStart(line);
         if (colon < 0) {
-            *error = QStringLiteral("line %1 is not a vCard property: '%2'").arg(lineNo).arg(line);
+            *error = QStringLiteral("line %1 is not a vCard property: '%2'").arg(lineNo).arg(QString::fromUtf8(line));
             return false;
         }
-        QString name = line.left(colon);
-        QString params;
-        const qsizetype semicolon = name.indexOf(QLatin1Char(';'));
-        if (semicolon >= 0) {
-            params = name.mid(semicolon + 1);
-            name.truncate(semicolon);
-        }
-        name = name.mid(name.lastIndexOf(QLatin1Char('.')) + 1).toUpper();
-        const QString value = line.mid(colon + 1).trimmed();
+        const QByteArray head = line.left(colon);
+        const QList<QByteArray> params = parameters(head);
+        QByteArray nameBytes = head.left(head.indexOf(';') < 0 ? head.size() : head.indexOf(';'));
+        const QString name = QString::fromLatin1(nameBytes.mid(nameBytes.lastIndexOf('.') + 1)).toUpper();
+        const QString value = decodeValue(params, line.mid(colon + 1)).trimmed();
+        const QString paramText = QString::fromUtf8(params.join(';'));
 
         if (name == QLatin1String("BEGIN") && value.compare(QLatin1String("VCARD"), Qt::CaseInsensitive) == 0) {
             if (inCard) {
@@ -124,9 +205,9 @@ bool parse(const QString& text, std::vector<Card>* cards, QString* error)
             card.name = unescape(value);
             card.contact.addElem(ADDRBK_FIELD_TYPE_NAME, ADDRBK_ATTR_TYPE_NONE, card.name);
         } else if (name == QLatin1String("TEL")) {
-            card.contact.addElem(ADDRBK_FIELD_TYPE_TEL, telType(params), dialable(value));
+            card.contact.addElem(ADDRBK_FIELD_TYPE_TEL, telType(paramText), dialable(value));
         } else if (name == QLatin1String("EMAIL")) {
-            card.contact.addElem(ADDRBK_FIELD_TYPE_EMAIL, emailType(params), unescape(value));
+            card.contact.addElem(ADDRBK_FIELD_TYPE_EMAIL, emailType(paramText), unescape(value));
         }
     }
     if (inCard) {
@@ -191,7 +272,7 @@ bool installVCardAddressBook(const QString& path, QString* error)
     }
     std::vector<Card> cards;
     QString why;
-    if (!parse(QString::fromUtf8(file.readAll()), &cards, &why)) {
+    if (!parse(file.readAll(), &cards, &why)) {
         *error = QStringLiteral("contacts file '%1' is not a usable vCard file: %2").arg(path, why);
         return false;
     }
