@@ -3,6 +3,7 @@
 #include "ZorHostAplogControl.h"
 
 #include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -86,8 +87,7 @@ int aplog_is_attached(void)
 
 int aplog_write(const char* module, int level, const char* text)
 {
-    int fault;
-    if (ZorHostCore::enter("aplog_write", &fault)) {
+    ZORHOST_ENTER(fault) {
         errno = fault;
         return -1;
     }

@@ -2,7 +2,9 @@
 // files, back to factory state, fault injection and call counts. The library itself never uses it.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace ZorHost {
 
@@ -17,12 +19,31 @@ QString devicePath(const QString& absoluteDevicePath);
 // Every simulator back to its documented factory state; faults and call counts cleared.
 void resetAll();
 
-// The next `times` calls (-1: until cleared) of the platform operation return `result` and change nothing.
-// Operations are named as the platform names them ("TAPI_SMS_GetServiceCenter", "DmtTree::CreateInteriorNode").
-void injectFault(const QString& operation, int result, int times = 1);
+// Every operation of the platform libraries, sorted, named as the platform names them
+// ("TAPI_SMS_GetServiceCenter", "SETUP_SET_Manager::getInt").
+QStringList operations();
+bool isOperation(const QString& operation);
+
+// Faults and call counts are kept in the file "operations" under the root and shared by every process that
+// uses the root: a fault set here is met by an application in another process, and the counts are those of
+// all processes.
+
+// The next `times` calls (-1: until cleared) of the platform operation, in any process, return `result`
+// and change nothing. Refused (false, and one line on stderr) for a name that is not an operation, for an
+// operation that cannot fail, for times 0 or below -1, and when the root cannot hold the file.
+bool injectFault(const QString& operation, int result, int times = 1);
+
+struct PendingFault {
+    QString operation;
+    int result;
+    int remaining; // -1: until cleared
+};
+// The faults not yet used up, sorted by operation.
+QList<PendingFault> pendingFaults();
 void clearFaults();
 
-// How often a platform operation was called since the last reset (faulted calls included).
+// How often a platform operation was called since the last reset (faulted calls included); -1 and one
+// line on stderr for a name that is not an operation.
 int callCount(const QString& operation);
 void resetCallCounts();
 

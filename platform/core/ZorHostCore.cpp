@@ -1,8 +1,9 @@
 #include "ZorHostCore.h"
 
+#include "ZorHostOperationTable.h"
+
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
 #include <QSet>
 #include <QMutex>
 #include <QMutexLocker>
@@ -13,11 +14,6 @@
 namespace ZorHostCore {
 namespace {
 
-struct Fault {
-    int result = 0;
-    int remaining = 0; // -1: until cleared
-};
-
 struct Reset {
     QString simulator;
     std::function<void()> dropCachedState;
@@ -26,9 +22,6 @@ struct Reset {
 struct State {
     QMutex mutex;
     QString root;
-    // Keyed by the operation's Latin-1 name, so that counting a call allocates nothing once it was seen.
-    QHash<QByteArray, Fault> faults;
-    QHash<QByteArray, int> calls;
     QSet<QString> madeDirs; // folders known to exist: opening a store must not cost a mkpath each time
     std::vector<Reset> resets;
 };
@@ -85,8 +78,11 @@ QString root()
 
 void setRoot(const QString& dir)
 {
-    QMutexLocker lock(&state().mutex);
-    state().root = dir.isEmpty() ? QString() : QDir::cleanPath(QDir::current().absoluteFilePath(dir));
+    {
+        QMutexLocker lock(&state().mutex);
+        state().root = dir.isEmpty() ? QString() : QDir::cleanPath(QDir::current().absoluteFilePath(dir));
+    }
+    detachOperationTable();
 }
 
 QString devicePath(const QString& absoluteDevicePath)
@@ -98,53 +94,6 @@ QString devicePath(const QString& absoluteDevicePath)
     const QString hostPath = root() + QLatin1Char('/') + QLatin1String(kDeviceDir) + clean;
     ensureDir(QFileInfo(hostPath).absolutePath());
     return hostPath;
-}
-
-bool enter(const char* operation, int* faultResult)
-{
-    const QByteArray op = QByteArray::fromRawData(operation, qsizetype(qstrlen(operation)));
-    QMutexLocker lock(&state().mutex);
-    const auto counted = state().calls.find(op);
-    if (counted != state().calls.end())
-        ++*counted;
-    else
-        state().calls.insert(QByteArray(operation), 1);
-    auto it = state().faults.find(op);
-    if (it == state().faults.end())
-        return false;
-    if (faultResult)
-        *faultResult = it->result;
-    if (it->remaining > 0 && --it->remaining == 0)
-        state().faults.erase(it);
-    return true;
-}
-
-void injectFault(const QString& operation, int result, int times)
-{
-    QMutexLocker lock(&state().mutex);
-    if (times == 0 || times < -1) {
-        state().faults.remove(operation.toLatin1());
-        return;
-    }
-    state().faults.insert(operation.toLatin1(), Fault{result, times});
-}
-
-void clearFaults()
-{
-    QMutexLocker lock(&state().mutex);
-    state().faults.clear();
-}
-
-int callCount(const QString& operation)
-{
-    QMutexLocker lock(&state().mutex);
-    return state().calls.value(operation.toLatin1(), 0);
-}
-
-void resetCallCounts()
-{
-    QMutexLocker lock(&state().mutex);
-    state().calls.clear();
 }
 
 void registerReset(const char* simulator, std::function<void()> dropCachedState)
@@ -169,11 +118,11 @@ void resetAll()
         QMutexLocker lock(&state().mutex);
         state().madeDirs.clear();
     }
+    clearFaults();
+    resetCallCounts();
     std::vector<Reset> resets;
     {
         QMutexLocker lock(&state().mutex);
-        state().faults.clear();
-        state().calls.clear();
         resets = state().resets;
     }
     for (const Reset& r : resets)

@@ -2,7 +2,9 @@
 // counting. Simulators call it; applications use the control interface (ZorHostControl.h) instead.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -16,11 +18,19 @@ void setRoot(const QString& dir);
 // ".." cannot climb out of the device tree.
 QString devicePath(const QString& absoluteDevicePath);
 
-// Every platform operation starts here: the call is counted, and if a fault is pending for the operation
-// the fault's result is stored in *faultResult and true is returned (the operation then changes nothing).
-bool enter(const char* operation, int* faultResult);
+// The operations declared by the platform libraries loaded in this process (ZorHostEntry.h), sorted.
+QStringList operations();
+bool isOperation(const QString& operation);
 
-void injectFault(const QString& operation, int result, int times);
+// Faults and call counts of the operations, kept in a table under the root that every process using the
+// root shares. A name no library declares is refused with one line on stderr.
+struct PendingFault {
+    QString operation;
+    int result;
+    int remaining; // -1: until cleared
+};
+bool injectFault(const QString& operation, int result, int times);
+QList<PendingFault> pendingFaults();
 void clearFaults();
 int callCount(const QString& operation);
 void resetCallCounts();

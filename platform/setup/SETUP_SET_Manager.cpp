@@ -2,6 +2,7 @@
 
 #include "SetupKeyFile.h"
 #include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 
 #include <QUrl>
 
@@ -19,6 +20,22 @@ QString namedStorePath(const QString& name)
 {
     return ZorHostCore::stateDir(QStringLiteral("setup")) + QStringLiteral("/files/")
         + QString::fromLatin1(QUrl::toPercentEncoding(name, QByteArray(), "~")) + QStringLiteral(".conf");
+}
+
+// A call that changed nothing; errno tells why.
+bool failed(int error)
+{
+    errno = error;
+    return false;
+}
+
+// A read that failed answers the caller's default.
+template <typename T>
+bool readFailed(T* value, const T& defaultValue, int error)
+{
+    if (value)
+        *value = defaultValue;
+    return failed(error);
 }
 
 } // namespace
@@ -61,13 +78,11 @@ bool SETUP_SET_Manager::lookup(const QString& group, const QString& key, QString
 
 bool SETUP_SET_Manager::getInt(const QString& group, const QString& key, int* value, int defaultValue) const
 {
-    int fault;
+    ZORHOST_ENTER(fault) return readFailed(value, defaultValue, fault);
     QString raw;
     bool ok = false;
     int parsed = 0;
-    if (ZorHostCore::enter("SETUP_SET_Manager::getInt", &fault))
-        errno = fault;
-    else if (lookup(group, key, &raw))
+    if (lookup(group, key, &raw))
         parsed = raw.toInt(&ok, 10);
     if (value)
         *value = ok ? parsed : defaultValue;
@@ -77,13 +92,11 @@ bool SETUP_SET_Manager::getInt(const QString& group, const QString& key, int* va
 bool SETUP_SET_Manager::getUInt(const QString& group, const QString& key, unsigned int* value,
                                 unsigned int defaultValue) const
 {
-    int fault;
+    ZORHOST_ENTER(fault) return readFailed(value, defaultValue, fault);
     QString raw;
     bool ok = false;
     unsigned int parsed = 0;
-    if (ZorHostCore::enter("SETUP_SET_Manager::getUInt", &fault))
-        errno = fault;
-    else if (lookup(group, key, &raw))
+    if (lookup(group, key, &raw))
         parsed = raw.toUInt(&ok, 10);
     if (value)
         *value = ok ? parsed : defaultValue;
@@ -92,13 +105,11 @@ bool SETUP_SET_Manager::getUInt(const QString& group, const QString& key, unsign
 
 bool SETUP_SET_Manager::getBool(const QString& group, const QString& key, bool* value, bool defaultValue) const
 {
-    int fault;
+    ZORHOST_ENTER(fault) return readFailed(value, defaultValue, fault);
     QString raw;
     bool ok = false;
     bool parsed = false;
-    if (ZorHostCore::enter("SETUP_SET_Manager::getBool", &fault))
-        errno = fault;
-    else if (lookup(group, key, &raw))
+    if (lookup(group, key, &raw))
         ok = SetupKeyFile::parseBool(raw, &parsed);
     if (value)
         *value = ok ? parsed : defaultValue;
@@ -108,26 +119,18 @@ bool SETUP_SET_Manager::getBool(const QString& group, const QString& key, bool* 
 bool SETUP_SET_Manager::getString(const QString& group, const QString& key, QString* value,
                                   const QString& defaultValue, bool emptyIsUnset) const
 {
-    int fault;
+    ZORHOST_ENTER(fault) return readFailed(value, defaultValue, fault);
     QString raw;
     bool ok = false;
-    if (ZorHostCore::enter("SETUP_SET_Manager::getString", &fault))
-        errno = fault;
-    else if (lookup(group, key, &raw))
+    if (lookup(group, key, &raw))
         ok = !(emptyIsUnset && raw.isEmpty());
     if (value)
         *value = ok ? raw : defaultValue;
     return ok;
 }
 
-bool SETUP_SET_Manager::write(const char* operation, const QString& group, const QString& key,
-                              const std::optional<QString>& value)
+bool SETUP_SET_Manager::write(const QString& group, const QString& key, const std::optional<QString>& value)
 {
-    int fault;
-    if (ZorHostCore::enter(operation, &fault)) {
-        errno = fault;
-        return false;
-    }
     if (!isValidName(group) || !isValidName(key) || (value && !isStorableText(*value))) {
         errno = EINVAL;
         return false;
@@ -146,38 +149,39 @@ bool SETUP_SET_Manager::write(const char* operation, const QString& group, const
 
 bool SETUP_SET_Manager::setInt(const QString& group, const QString& key, int value)
 {
-    return write("SETUP_SET_Manager::setInt", group, key, QString::number(value));
+    ZORHOST_ENTER(fault) return failed(fault);
+    return write(group, key, QString::number(value));
 }
 
 bool SETUP_SET_Manager::setUInt(const QString& group, const QString& key, unsigned int value)
 {
-    return write("SETUP_SET_Manager::setUInt", group, key, QString::number(value));
+    ZORHOST_ENTER(fault) return failed(fault);
+    return write(group, key, QString::number(value));
 }
 
 bool SETUP_SET_Manager::setBool(const QString& group, const QString& key, bool value)
 {
-    return write("SETUP_SET_Manager::setBool", group, key, SetupKeyFile::boolText(value));
+    ZORHOST_ENTER(fault) return failed(fault);
+    return write(group, key, SetupKeyFile::boolText(value));
 }
 
 bool SETUP_SET_Manager::setString(const QString& group, const QString& key, const QString& value, bool emptyIsUnset)
 {
+    ZORHOST_ENTER(fault) return failed(fault);
     if (emptyIsUnset && value.isEmpty())
-        return write("SETUP_SET_Manager::setString", group, key, std::nullopt);
-    return write("SETUP_SET_Manager::setString", group, key, value);
+        return write(group, key, std::nullopt);
+    return write(group, key, value);
 }
 
 bool SETUP_SET_Manager::removeEntry(const QString& group, const QString& key)
 {
-    return write("SETUP_SET_Manager::removeEntry", group, key, std::nullopt);
+    ZORHOST_ENTER(fault) return failed(fault);
+    return write(group, key, std::nullopt);
 }
 
 bool SETUP_SET_Manager::flush()
 {
-    int fault;
-    if (ZorHostCore::enter("SETUP_SET_Manager::flush", &fault)) {
-        errno = fault;
-        return false;
-    }
+    ZORHOST_ENTER(fault) return failed(fault);
     if (m_pending.empty())
         return true;
     const bool ok = SetupKeyFile::update(m_path, [this](SetupKeyFile::Contents& contents) {

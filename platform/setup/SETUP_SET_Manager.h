@@ -84,7 +84,7 @@ private:
     };
     bool lookup(const QString& group, const QString& key, QString* raw) const;
     QStringList listed(const QString* group) const;
-    bool write(const char* operation, const QString& group, const QString& key, const std::optional<QString>& value);
+    bool write(const QString& group, const QString& key, const std::optional<QString>& value);
 
     QString m_path;
     bool m_flush;

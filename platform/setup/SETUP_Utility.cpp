@@ -1,12 +1,12 @@
 #include "SETUP_Utility.h"
 
 #include "SetupFeatures.h"
-#include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 
 bool SETUP_Utility::getFlexBit(int number, bool* value)
 {
-    int fault;
-    if (ZorHostCore::enter("SETUP_Utility::getFlexBit", &fault) || !value)
+    ZORHOST_ENTER(fault) return false;
+    if (!value)
         return false;
     QMap<int, bool> bits;
     if (!SetupFeatures::table(SetupFeatures::kFlexBitGroup, &bits))
@@ -25,9 +25,7 @@ bool SETUP_Utility::getFlexBit(int number, bool& value)
 
 bool SETUP_Utility::isFeatureAvailable(int id)
 {
-    int fault;
-    if (ZorHostCore::enter("SETUP_Utility::isFeatureAvailable", &fault))
-        return fault != 0;
+    ZORHOST_ENTER(fault) return fault != 0;
     QMap<int, bool> features;
     return SetupFeatures::table(SetupFeatures::kFeatureGroup, &features) && features.value(id, false);
 }

@@ -2,7 +2,7 @@
 #include "TAPI.h"
 
 #include "TapiState.h"
-#include "TapiEntry.h"
+#include "ZorHostEntry.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -147,7 +147,7 @@ extern "C" {
 
 int TAPI_ACCE_GetSimCardStatus(_TAPI_SIM_STATUS_E* status)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!status)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -158,7 +158,7 @@ int TAPI_ACCE_GetSimCardStatus(_TAPI_SIM_STATUS_E* status)
 
 int TAPI_FTRDB_GetAvailability(int featureId)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     bool available = false;
     withState(false, [&](State& s) -> int {
         available = s.simUsable() && s.availableServices.count(featureId) > 0;
@@ -169,7 +169,7 @@ int TAPI_FTRDB_GetAvailability(int featureId)
 
 int TAPI_SIM_GetUSIMFileInfo(unsigned char fileId, unsigned char, unsigned short, TAPI_SIM_USIM_FILE_INFO_S* info)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!info)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -186,31 +186,31 @@ int TAPI_SIM_GetUSIMFileInfo(unsigned char fileId, unsigned char, unsigned short
 
 int TAPI_SMS_SetServiceCenter(const char* address)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return setNumber(address, &State::serviceCentre);
 }
 
 int TAPI_SMS_GetServiceCenter(char* address)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return getNumber(address, &State::serviceCentre);
 }
 
 int TAPI_SMS_SetEmailGateway(const char* number)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return setNumber(number, &State::emailGateway);
 }
 
 int TAPI_SMS_GetEmailGateway(char* number)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return getNumber(number, &State::emailGateway);
 }
 
 int TAPI_SMS_NotifyMeStorageFull(void)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return withState(true, [](State& s) -> int {
         if (!s.simUsable())
             return TAPI_RESULT_SIM_NOT_READY;
@@ -221,7 +221,7 @@ int TAPI_SMS_NotifyMeStorageFull(void)
 
 int TAPI_SMS_NotifyMeStorageAvail(void)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return withState(true, [](State& s) -> int {
         if (!s.simUsable())
             return TAPI_RESULT_SIM_NOT_READY;
@@ -232,7 +232,7 @@ int TAPI_SMS_NotifyMeStorageAvail(void)
 
 int TAPI_SMS_GetSmsTransportMode(unsigned char* mode)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!mode)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -245,7 +245,7 @@ int TAPI_SMS_GetSmsTransportMode(unsigned char* mode)
 
 int TAPI_SMS_SetSmsTransportMode(unsigned char mode)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (mode != TAPI_SMS_TRANSPORT_GPRS_OFF && mode != TAPI_SMS_TRANSPORT_GPRS_ON)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -258,7 +258,7 @@ int TAPI_SMS_SetSmsTransportMode(unsigned char mode)
 
 int TAPI_CB_GetStatus(unsigned char* state)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!state)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -269,7 +269,7 @@ int TAPI_CB_GetStatus(unsigned char* state)
 
 int TAPI_CB_SetStatus(unsigned char state)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return withState(true, [&](State& s) -> int {
         s.cbState = state;
         return TAPI_RESULT_SUCC;
@@ -278,7 +278,7 @@ int TAPI_CB_SetStatus(unsigned char state)
 
 int TAPI_CB_AddChannel(unsigned short channel)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (channel == 65535)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -295,7 +295,7 @@ int TAPI_CB_AddChannel(unsigned short channel)
 
 int TAPI_CB_DeleteChannel(unsigned short channel)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (channel == 65535)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -311,23 +311,19 @@ int TAPI_CB_DeleteChannel(unsigned short channel)
 
 int TAPI_CB_GetChannelsEx(int* count, unsigned short** list)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_GetChannelsEx", &fault))
-        return handOver<unsigned short>(count, list, {}, fault);
+    ZORHOST_ENTER(fault) return handOver<unsigned short>(count, list, {}, fault);
     return listCall<unsigned short>(count, list, [](const State& s) { return s.channels; });
 }
 
 int TAPI_CB_GetLanguagesEx(int* count, unsigned char** list)
 {
-    int fault;
-    if (ZorHostCore::enter("TAPI_CB_GetLanguagesEx", &fault))
-        return handOver<unsigned char>(count, list, {}, fault);
+    ZORHOST_ENTER(fault) return handOver<unsigned char>(count, list, {}, fault);
     return listCall<unsigned char>(count, list, [](const State& s) { return s.languageSlots; });
 }
 
 int TAPI_CB_SetLanguage(unsigned short slot, unsigned char language)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     return withState(true, [&](State& s) -> int {
         if (!s.simUsable())
             return TAPI_RESULT_SIM_NOT_READY;
@@ -340,7 +336,7 @@ int TAPI_CB_SetLanguage(unsigned short slot, unsigned char language)
 
 int TAPI_MAILBOX_Gsmr4GetEntry(unsigned char type, char* number, unsigned short* name)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (type > TAPI_MAILBOX_TYPE_OTHER || !number || !name)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -356,7 +352,7 @@ int TAPI_MAILBOX_Gsmr4GetEntry(unsigned char type, char* number, unsigned short*
 
 int TAPI_MAILBOX_Gsmr4SetEntry(unsigned char type, const char* number, const unsigned short* name)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     ZorTapi::MailboxEntry entry;
     if (type > TAPI_MAILBOX_TYPE_OTHER || !name || !readNumber(number, &entry.number))
         return TAPI_RESULT_INVALID_PARAM;
@@ -375,7 +371,7 @@ int TAPI_MAILBOX_Gsmr4SetEntry(unsigned char type, const char* number, const uns
 
 int TAPI_MAILBOX_Gsmr4IsModifiable(unsigned char* modifiable)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!modifiable)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -388,7 +384,7 @@ int TAPI_MAILBOX_Gsmr4IsModifiable(unsigned char* modifiable)
 
 int TAPI_MAILBOX_Gsmr4GetMailCount(unsigned char type, unsigned char* count)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (type > TAPI_MAILBOX_TYPE_OTHER || !count)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -403,7 +399,7 @@ int TAPI_MAILBOX_Gsmr4GetMailCount(unsigned char type, unsigned char* count)
 
 int TAPI_MAILBOX_Gsmr4SetMailCount(unsigned char type, unsigned char count)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (type > TAPI_MAILBOX_TYPE_OTHER)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {
@@ -418,7 +414,7 @@ int TAPI_MAILBOX_Gsmr4SetMailCount(unsigned char type, unsigned char count)
 
 int TAPI_MAILBOX_CphsGetVoiceMailBox(unsigned char line, char* number, unsigned short* name)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (line < TAPI_TEL_LINE_1 || line > TAPI_TEL_LINE_2 || !number || !name)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(false, [&](State& s) -> int {
@@ -432,7 +428,7 @@ int TAPI_MAILBOX_CphsGetVoiceMailBox(unsigned char line, char* number, unsigned 
 
 int TAPI_MAILBOX_CphsSetVoiceMailBox(unsigned char line, const char* number, const unsigned short* name)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     ZorTapi::MailboxEntry entry;
     if (line < TAPI_TEL_LINE_1 || line > TAPI_TEL_LINE_2 || !name || !readNumber(number, &entry.number))
         return TAPI_RESULT_INVALID_PARAM;
@@ -447,7 +443,7 @@ int TAPI_MAILBOX_CphsSetVoiceMailBox(unsigned char line, const char* number, con
 
 int TAPI_CPHS_SetMessageWaitingFlag(unsigned char line, unsigned char waiting)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (line > 1)
         return TAPI_RESULT_INVALID_PARAM;
     return withState(true, [&](State& s) -> int {

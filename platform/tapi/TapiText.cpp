@@ -2,7 +2,7 @@
 // validity-period octet (TS 23.040).
 #include "TAPI.h"
 
-#include "TapiEntry.h"
+#include "ZorHostEntry.h"
 
 #include <algorithm>
 #include <array>
@@ -161,7 +161,7 @@ extern "C" {
 
 int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACULATE_SM_RESULT_S* result)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!request || !result || request->length > TAPI_SMS_CACULATE_MAX_UNITS)
         return TAPI_RESULT_INVALID_PARAM;
 
@@ -212,7 +212,7 @@ int TAPI_SMS_CaculateSm(const TAPI_SMS_CACULATE_SM_REQ_S* request, TAPI_SMS_CACU
 unsigned short TAPI_UTIL_ConvertUcs2StringToGsmString(const unsigned short* src, unsigned short srcLen,
                                                       unsigned char* dst, unsigned short dstLen)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if ((!src && srcLen > 0) || (!dst && dstLen > 0))
         return TAPI_UTIL_NOT_GSM;
     const short* codes = tables().code.data();
@@ -237,7 +237,7 @@ unsigned short TAPI_UTIL_ConvertUcs2StringToGsmString(const unsigned short* src,
 
 int TAPI_SMS_ExpirePeriodToUINT8(const _TAPI_SMS_EXPIRE_PERIOD_DATA_S* period, unsigned char* octet)
 {
-    ZORTAPI_ENTER();
+    ZORHOST_ENTER(fault) return fault;
     if (!period || !octet)
         return 0;
     struct Row {

@@ -1,6 +1,7 @@
 #include "UTIL_DateTime.h"
 
 #include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 #include "ZorHostDateTimeControl.h"
 #include "ZorHostStateFile.h"
 
@@ -11,11 +12,6 @@ namespace {
 // The state file holds one "key=value" line per setting.
 const char kDateFormatKey[] = "dateFormat";
 const char kTimeFormatKey[] = "timeFormat";
-
-void countCall(const char* operation)
-{
-    ZorHostCore::enter(operation, nullptr);
-}
 
 QString settingsPath()
 {
@@ -67,7 +63,7 @@ QString fourDigits(int value)
 
 QString UTIL_DateTime::dateToString(const QDate& date, DateFormat format, DateAccuracy accuracy)
 {
-    countCall("UTIL_DateTime::dateToString");
+    ZORHOST_COUNT();
     if (!date.isValid() || date.year() < 0)
         return QString();
     const QString day = twoDigits(date.day());
@@ -115,7 +111,7 @@ QString UTIL_DateTime::dateToString(const QDate& date, DateFormat format, DateAc
 
 QString UTIL_DateTime::timeToString(const QTime& time, TimeFormat format, TimeAccuracy accuracy)
 {
-    countCall("UTIL_DateTime::timeToString");
+    ZORHOST_COUNT();
     if (!time.isValid())
         return QString();
     if (accuracy != TIME_ACCURACY_HOUR_MINUTE_SECOND && accuracy != TIME_ACCURACY_HOUR_MINUTE
@@ -145,13 +141,13 @@ QString UTIL_DateTime::timeToString(const QTime& time, TimeFormat format, TimeAc
 
 UTIL_DateTime::DateFormat UTIL_DateTime::getDateFormat()
 {
-    countCall("UTIL_DateTime::getDateFormat");
+    ZORHOST_COUNT();
     return static_cast<DateFormat>(readSetting(kDateFormatKey, DATE_FORMAT_DD_MM_YYYY, DATE_FORMAT_YYYY_MM_DD));
 }
 
 UTIL_DateTime::TimeFormat UTIL_DateTime::getTimeFormat()
 {
-    countCall("UTIL_DateTime::getTimeFormat");
+    ZORHOST_COUNT();
     return static_cast<TimeFormat>(readSetting(kTimeFormatKey, TIME_FORMAT_24_HOUR, TIME_FORMAT_12_HOUR));
 }
 

@@ -1,7 +1,7 @@
 // The platform's display forms of dates and times, and the system's current formats.
 //
 // Calls are counted under their qualified names ("UTIL_DateTime::dateToString", ZorHost::callCount);
-// these operations have no result code, so injected faults do not apply to them.
+// these operations have no result code, so ZorHost::injectFault refuses them.
 #pragma once
 
 #include <QDate>

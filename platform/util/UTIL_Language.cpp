@@ -3,6 +3,7 @@
 #include "ZorHostUtilControl.h"
 
 #include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 #include "ZorHostStateFile.h"
 
 #include <cerrno>
@@ -63,33 +64,25 @@ int systemId()
 
 QString UTIL_Language::getSystemLanguageCode()
 {
-    int fault;
-    if (ZorHostCore::enter("UTIL_Language::getSystemLanguageCode", &fault))
-        return QString();
+    ZORHOST_ENTER(fault) return QString();
     return QLatin1String(kLanguages[systemId()].code);
 }
 
 int UTIL_Language::getSystemLanguageId()
 {
-    int fault;
-    if (ZorHostCore::enter("UTIL_Language::getSystemLanguageId", &fault))
-        return fault;
+    ZORHOST_ENTER(fault) return fault;
     return systemId();
 }
 
 QString UTIL_Language::getSystemLanguageString()
 {
-    int fault;
-    if (ZorHostCore::enter("UTIL_Language::getSystemLanguageString", &fault))
-        return QString();
+    ZORHOST_ENTER(fault) return QString();
     return QLatin1String(kLanguages[systemId()].name);
 }
 
 int UTIL_Language::getLanguageIndexByLanId(int id)
 {
-    int fault;
-    if (ZorHostCore::enter("UTIL_Language::getLanguageIndexByLanId", &fault))
-        return fault;
+    ZORHOST_ENTER(fault) return fault;
     if (id < 0 || id >= kLanguageCount)
         return kUnspecified;
     return kLanguages[id].cellBroadcast;

@@ -1,6 +1,6 @@
 #include "UTIL_TimeConversion.h"
 
-#include "ZorHostCore.h"
+#include "ZorHostEntry.h"
 
 #include <QRegularExpression>
 
@@ -9,11 +9,6 @@
 #include <ctime>
 
 namespace {
-
-void countCall(const char* operation)
-{
-    ZorHostCore::enter(operation, nullptr);
-}
 
 // mktime without the 32-bit limit; false for an invalid date-time or one the C library cannot place.
 bool localWallClockToSeconds(const QDateTime& localWallClock, qint64* seconds)
@@ -60,7 +55,7 @@ bool fitsInt(qint64 value)
 
 int UTIL_TimeConversion::toUTC(const QDateTime& localWallClock)
 {
-    countCall("UTIL_TimeConversion::toUTC");
+    ZORHOST_COUNT();
     qint64 seconds = 0;
     if (!localWallClockToSeconds(localWallClock, &seconds) || !fitsInt(seconds))
         return -1;
@@ -69,13 +64,13 @@ int UTIL_TimeConversion::toUTC(const QDateTime& localWallClock)
 
 QDateTime UTIL_TimeConversion::fromUTC(int utc)
 {
-    countCall("UTIL_TimeConversion::fromUTC");
+    ZORHOST_COUNT();
     return localWallClockFromSeconds(utc);
 }
 
 QByteArray UTIL_TimeConversion::toISO8601(const QDate& date)
 {
-    countCall("UTIL_TimeConversion::toISO8601");
+    ZORHOST_COUNT();
     if (!date.isValid() || date.year() < 0 || date.year() > 9999)
         return QByteArray();
     return QByteArray::number(date.year()).rightJustified(4, '0')
@@ -85,7 +80,7 @@ QByteArray UTIL_TimeConversion::toISO8601(const QDate& date)
 
 QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& localWallClock)
 {
-    countCall("UTIL_TimeConversion::toISO8601");
+    ZORHOST_COUNT();
     qint64 seconds = 0;
     if (!localWallClockToSeconds(localWallClock, &seconds))
         return QByteArray();
@@ -100,7 +95,7 @@ QByteArray UTIL_TimeConversion::toISO8601(const QDateTime& localWallClock)
 
 QDateTime UTIL_TimeConversion::fromISO8601(const QByteArray& text)
 {
-    countCall("UTIL_TimeConversion::fromISO8601");
+    ZORHOST_COUNT();
     static const QRegularExpression compact(QStringLiteral(
         "^(\\d{4})(\\d{2})(\\d{2})(?:T(\\d{2})(\\d{2})(\\d{2})?(Z|[+-]\\d{2}(?:\\d{2})?)?)?$"));
     static const QRegularExpression extended(QStringLiteral(

@@ -6,7 +6,7 @@
 // 1970-01-01 00:00:00 UTC. Milliseconds are ignored.
 //
 // Calls are counted under their qualified names ("UTIL_TimeConversion::toUTC", ZorHost::callCount);
-// these operations have no result code, so injected faults do not apply to them.
+// these operations have no result code, so ZorHost::injectFault refuses them.
 #pragma once
 
 #include <QByteArray>
