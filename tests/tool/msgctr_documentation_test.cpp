@@ -61,6 +61,7 @@ TEST_P(MsgctrManualVerbTest, ManualPageDescribesTheVerb)
 INSTANTIATE_TEST_SUITE_P(
     EveryVerb, MsgctrManualVerbTest,
     ::testing::Values(VerbCase{"addr", "names"}, VerbCase{"addr", "normalize"}, VerbCase{"addr", "split"},
+                      VerbCase{"platform", "calls"}, VerbCase{"platform", "fault"}, VerbCase{"platform", "faults"},
                       VerbCase{"platform", "feature"}, VerbCase{"platform", "flexbit"}, VerbCase{"platform", "lang"},
                       VerbCase{"platform", "reset"}, VerbCase{"platform", "root"}, VerbCase{"settings", "get"},
                       VerbCase{"settings", "list"}, VerbCase{"settings", "set"}, VerbCase{"tapi", "cb-state"},
@@ -105,7 +106,7 @@ TEST_F(MsgctrDocumentationTest, CompletionOffersTheFamiliesAndGlobalOptions)
 
 TEST_F(MsgctrDocumentationTest, CompletionOffersTheVerbsOfAFamily)
 {
-    EXPECT_EQ(complete(words({"platform", ""})), words({"feature", "flexbit", "lang", "reset", "root"}));
+    EXPECT_EQ(complete(words({"platform", ""})), words({"calls", "fault", "faults", "feature", "flexbit", "lang", "reset", "root"}));
     EXPECT_EQ(complete(words({"--root", "/x", "tapi", "cha"})), words({"channel-add", "channel-del", "channels"}));
 }
 
