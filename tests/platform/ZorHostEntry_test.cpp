@@ -54,10 +54,11 @@ int errnoAfter(Read read)
     return errno;
 }
 
+// The list is read after the call has filled it (a plain argument could be read before the call).
 template <typename T>
-int freed(int result, T* list)
+int freed(int result, T* const* list)
 {
-    std::free(list);
+    std::free(*list);
     return result;
 }
 
@@ -275,14 +276,14 @@ const Operation kOperations[] = {
      [] {
          int count = 0;
          unsigned short* list = nullptr;
-         return freed(TAPI_CB_GetChannelsEx(&count, &list), list);
+         return freed(TAPI_CB_GetChannelsEx(&count, &list), &list);
      },
      kFault},
     {"TAPI_CB_GetLanguagesEx",
      [] {
          int count = 0;
          unsigned char* list = nullptr;
-         return freed(TAPI_CB_GetLanguagesEx(&count, &list), list);
+         return freed(TAPI_CB_GetLanguagesEx(&count, &list), &list);
      },
      kFault},
     {"TAPI_CB_GetStatus",
