@@ -52,6 +52,8 @@ bool DmtTree::wellFormed(const std::string& relative)
 
 int DmtTree::absolute(const char* path, std::string* out) const
 {
+    if (!DmtTreeFactory::IsInitialized())
+        return DMT_RESULT_FAIL;
     const std::string relative(path ? path : "");
     if (relative.empty()) {
         *out = m_root.str();
@@ -84,8 +86,6 @@ int DmtTree::write(const std::function<int()>& change)
 int DmtTree::GetNode(const char* path, PDmtNode& node)
 {
     ZORHOST_ENTER(fault) return fault;
-    if (!DmtTreeFactory::IsInitialized())
-        return DMT_RESULT_FAIL;
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;
@@ -99,8 +99,6 @@ int DmtTree::GetNode(const char* path, PDmtNode& node)
 int DmtTree::DeleteNode(const char* path)
 {
     ZORHOST_ENTER(fault) return fault;
-    if (!DmtTreeFactory::IsInitialized())
-        return DMT_RESULT_FAIL;
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;
@@ -130,8 +128,6 @@ int DmtTree::CreateInteriorNode(const char* path, PDmtNode& node)
 
 int DmtTree::createNode(const char* path, PDmtNode& node, const DmtData* value)
 {
-    if (!DmtTreeFactory::IsInitialized())
-        return DMT_RESULT_FAIL;
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;
@@ -171,8 +167,6 @@ int DmtTree::createNode(const char* path, PDmtNode& node, const DmtData* value)
 int DmtTree::GetChildValuesMap(const char* path, DMMap<DMString, DmtData>& leaves)
 {
     ZORHOST_ENTER(fault) return fault;
-    if (!DmtTreeFactory::IsInitialized())
-        return DMT_RESULT_FAIL;
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;
@@ -194,8 +188,6 @@ int DmtTree::GetChildValuesMap(const char* path, DMMap<DMString, DmtData>& leave
 int DmtTree::SetChildValuesMap(const char* path, const DMMap<DMString, DmtData>& leaves)
 {
     ZORHOST_ENTER(fault) return fault;
-    if (!DmtTreeFactory::IsInitialized())
-        return DMT_RESULT_FAIL;
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;
@@ -235,8 +227,6 @@ int DmtTree::SetChildValuesMap(const char* path, const DMMap<DMString, DmtData>&
 int DmtTree::GetChildNodeNames(const char* path, DMStringVector& names)
 {
     ZORHOST_ENTER(fault) return fault;
-    if (!DmtTreeFactory::IsInitialized())
-        return DMT_RESULT_FAIL;
     std::string target;
     if (const int result = absolute(path, &target); result != DMT_RESULT_SUCCESS)
         return result;

@@ -58,7 +58,8 @@ private:
 
     // A relative path of non-empty segments other than "." and "..", joined by single "/".
     static bool wellFormed(const std::string& relative);
-    // 0 with the absolute path of a relative one; 23 for a malformed path.
+    // 0 with the absolute path of a relative one; 23 for a malformed path; 1 while the factory is not
+    // initialised (every path operation starts here).
     int absolute(const char* path, std::string* out) const;
     // Runs a write all-or-nothing, inside the open transaction or the pending writes.
     int write(const std::function<int()>& change);

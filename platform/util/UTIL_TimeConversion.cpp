@@ -14,7 +14,7 @@ bool fitsInt(qint64 value)
     return value >= INT_MIN && value <= INT_MAX;
 }
 
-// UTC seconds of a date-time, read by its time spec; false for one that stands for no time at all.
+// UTC seconds of a date-time, read by the kind of time it carries; false for one that stands for no time at all.
 bool secondsOf(const QDateTime& dateTime, qint64* seconds)
 {
     if (dateTime.timeSpec() == Qt::LocalTime) {

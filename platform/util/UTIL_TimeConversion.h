@@ -1,7 +1,7 @@
 // The platform's time conversions between date-times, UTC seconds and ISO 8601 text.
 //
 // UTC times are signed 32-bit seconds since 1970-01-01 00:00:00 UTC; milliseconds are ignored. The local
-// zone is the system's (the zone of TZ). A date-time handed in is read by its time spec:
+// zone is the system's (the zone of TZ). A date-time handed in is read by the kind of time it carries:
 // - one that carries its zone (Qt::UTC, Qt::OffsetFromUTC, Qt::TimeZone, like every date-time these
 //   operations hand out) stands for its own instant, which every conversion keeps;
 // - a bare local wall clock (Qt::LocalTime, as QDateTime(date, time) makes it) is read by its date and time
